@@ -1,0 +1,10 @@
+#!/usr/bin/env bash
+# Builds the native core (tests, benchmarks, quilom) and the Windows programs (x86-64, i686).
+set -euo pipefail
+cd "$(dirname "$0")/.."
+
+for preset in linux windows windows-i686; do
+  echo "== build: $preset"
+  cmake --preset "$preset" >/dev/null
+  cmake --build --preset "$preset"
+done

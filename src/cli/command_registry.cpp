@@ -1,0 +1,70 @@
+#include <algorithm>
+#include <istream>
+#include <ostream>
+
+#include "cli/command.hpp"
+#include "version.hpp"
+
+namespace quilom::cli {
+namespace {
+
+std::vector<Command>& Registry() {
+  static std::vector<Command> commands;
+  return commands;
+}
+
+void PrintUsage(std::ostream& out) {
+  out << "Usage: quilom [--data DIR] COMMAND [ARGS]\n\nCommands:\n";
+  std::vector<Command> sorted = Registry();
+  std::sort(sorted.begin(), sorted.end(), [](const Command& a, const Command& b) { return a.name < b.name; });
+  for (const Command& c : sorted) out << "  " << c.usage << "\n      " << c.summary << "\n";
+  out << "\nText is read and written as UTF-8. FILE omitted or '-' means standard input.\n";
+}
+
+}  // namespace
+
+RegisterCommand::RegisterCommand(Command command) { Registry().push_back(std::move(command)); }
+
+const std::vector<Command>& Commands() { return Registry(); }
+
+int RunQuilom(const std::vector<std::string>& args, std::istream& in, std::ostream& out, std::ostream& err,
+              const std::filesystem::path& executableDir, bool errIsTerminal) {
+  std::filesystem::path dataRoot = executableDir / "Sorvin";
+  size_t i = 0;
+  while (i < args.size() && args[i].starts_with("--")) {
+    if (args[i] == "--data" && i + 1 < args.size()) {
+      dataRoot = args[i + 1];
+      i += 2;
+    } else if (args[i] == "--help") {
+      PrintUsage(out);
+      return 0;
+    } else if (args[i] == "--version") {
+      out << "quilom " << kVersionMajor << "." << kVersionMinor << "." << kVersionRevision << "\n";
+      return 0;
+    } else {
+      err << "quilom: unknown option '" << args[i] << "'\n";
+      PrintUsage(err);
+      return 2;
+    }
+  }
+  if (i >= args.size()) {
+    PrintUsage(err);
+    return 2;
+  }
+  const auto& commands = Registry();
+  const auto found = std::find_if(commands.begin(), commands.end(), [&](const Command& c) { return c.name == args[i]; });
+  if (found == commands.end()) {
+    err << "quilom: unknown command '" << args[i] << "'\n";
+    PrintUsage(err);
+    return 2;
+  }
+  CommandContext context{{args.begin() + static_cast<long>(i) + 1, args.end()}, in, out, err, dataRoot, errIsTerminal};
+  try {
+    return found->run(context);
+  } catch (const std::exception& e) {
+    err << "quilom " << found->name << ": " << e.what() << "\n";
+    return 1;
+  }
+}
+
+}  // namespace quilom::cli

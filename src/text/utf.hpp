@@ -1,0 +1,21 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+// Conversions at the program's edges. Text inside the program is UTF-16; files, the
+// terminal and the command line speak UTF-8.
+namespace quilom::text {
+
+// Invalid UTF-8 (stray continuation bytes, truncated sequences, overlong forms, surrogates,
+// values above U+10FFFF) decodes to U+FFFD, one per offending byte sequence, so that no input
+// is silently dropped and the damage stays visible.
+std::u16string Utf8ToUtf16(std::string_view utf8);
+
+// A lone surrogate encodes as U+FFFD.
+std::string Utf16ToUtf8(std::u16string_view utf16);
+
+// For literals and ASCII-only names: each byte becomes one code unit.
+std::u16string AsciiToUtf16(std::string_view ascii);
+
+}  // namespace quilom::text
