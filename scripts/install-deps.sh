@@ -11,6 +11,8 @@ packages=(
   g++-mingw-w64-x86-64 g++-mingw-w64-i686 binutils-mingw-w64-x86-64 binutils-mingw-w64-i686
   # end-to-end tests of the Windows program under Wine, headless
   wine wine64 xvfb xdotool x11-utils imagemagick fonts-lohit-taml
+  # independent input methods used as a test oracle for the keymaps
+  m17n-db libm17n-dev
   # the LibreOffice document backend and its end-to-end tests (real legacy and Unicode fonts)
   libreoffice-writer-nogui libreoffice-dev fonts-taml-tscu fonts-taml-tamu fonts-noto-core
 )
