@@ -11,6 +11,7 @@
 #include "settings/error_report.hpp"
 #include "settings/short_path.hpp"
 #include "settings/text_codec.hpp"
+#include "settings/text_file_checked.hpp"
 #include "text/utf.hpp"
 
 namespace quilom::settings {
@@ -59,21 +60,23 @@ bool ReadAllBytes(const fs::path& path, std::string& bytes, ErrorDetails& detail
   return true;
 }
 
-std::u16string ReadWhole(const fs::path& path, TextEncoding& encoding, bool detectUtf8, bool normaliseNewlines) {
+bool ReadWhole(const fs::path& path, std::u16string& text, TextEncoding& encoding, bool detectUtf8,
+               bool normaliseNewlines) {
   std::string bytes;
   ErrorDetails details;
   if (!ReadAllBytes(path, bytes, details)) {
     ReportReadError(path, details);
-    return {};
+    return false;
   }
-  if (bytes.empty()) return {};
+  if (bytes.empty()) return true;
   DecodedText decoded = DecodeTextBytes(bytes, detectUtf8);
   encoding = decoded.encoding;
   if (!decoded.ok) {
     ReportReadError(path, Details(5, u"ReadTextFile", "A big-endian UTF-16 file holds an odd number of bytes"));
-    return {};
+    return false;
   }
-  return normaliseNewlines ? NormaliseNewlines(decoded.text) : std::move(decoded.text);
+  text = normaliseNewlines ? NormaliseNewlines(decoded.text) : std::move(decoded.text);
+  return true;
 }
 
 fs::path TemporaryPathBeside(const fs::path& target) {
@@ -127,16 +130,24 @@ std::error_code ReplaceFileContents(const fs::path& path, const std::string& byt
 
 }  // namespace
 
-std::u16string ReadTextFile(const fs::path& path, std::u16string& resultMode, TextEncoding& encoding, bool detectUtf8,
-                            bool normaliseNewlines) {
-  std::u16string text;
+bool ReadTextFileChecked(const fs::path& path, std::u16string& text, TextEncoding& encoding, bool detectUtf8,
+                         bool normaliseNewlines) {
+  text.clear();
   try {
-    text = ReadWhole(path, encoding, detectUtf8, normaliseNewlines);
+    return ReadWhole(path, text, encoding, detectUtf8, normaliseNewlines);
   } catch (const std::exception& e) {
     ReportReadError(path, Details(7, u"ReadTextFile", e.what()));
   } catch (...) {
     ReportReadError(path, Details(7, u"ReadTextFile", "Unexpected failure"));
   }
+  text.clear();
+  return false;
+}
+
+std::u16string ReadTextFile(const fs::path& path, std::u16string& resultMode, TextEncoding& encoding, bool detectUtf8,
+                            bool normaliseNewlines) {
+  std::u16string text;
+  ReadTextFileChecked(path, text, encoding, detectUtf8, normaliseNewlines);
   if (!resultMode.empty()) return text;
   resultMode = std::move(text);
   return {};
