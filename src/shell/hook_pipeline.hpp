@@ -1,0 +1,86 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+
+#include "shell/hook_decision.hpp"
+#include "shell/hooked_key_processor.hpp"
+#include "shell/key_event.hpp"
+#include "shell/typing_front_state.hpp"
+
+// The decisions of the low-level hooks, free of Windows. The Win32 callbacks wrap each event in
+// a KeyEvent, call Handle*, and carry out the answer: swallow (return 1) or pass
+// (CallNextHookEx), and synthesise the menu-suppression keys when asked.
+//
+// Rules beyond the plain event table, decided here:
+// - Injected events (our own output, and everything else synthetic) pass untouched and change
+//   no state: our output re-enters the hook, nested, while the callback that made it still runs.
+// - A key-up gets its key-down's verdict: a key whose down was swallowed has its up swallowed,
+//   a key whose down was passed has its up passed and never processed, so no application sees
+//   half a key press and no key is handled twice. Only key-ups whose down this hook never saw
+//   follow the plain table.
+// - A left click breaks the composition: the first key processed after a click starts afresh,
+//   because the caret may now be anywhere.
+// - When a fast key-down ends click mode, the letters still held back for their key-up are
+//   processed first, in the order they went down, so that fast typing right after a click
+//   loses nothing; the new key is then handled as in normal mode (Escape, function keys and the
+//   like pass on with a reset rather than being swallowed).
+// - In the focal (hotkeys-only) hook a numeric-pad digit is taken only while a hotkey is armed,
+//   like a top-row digit: with typing off the keypad must keep working.
+namespace quilom::shell {
+
+struct HookOutcome {
+  bool swallow = false;
+  MenuSuppression menu = MenuSuppression::None;
+};
+
+class HookPipeline {
+ public:
+  // 56 ms: a key-down this soon after the previous one in click mode means overlapping keys,
+  // which key-up processing would reorder.
+  static constexpr std::uint32_t kFastKeyMs = 56;
+
+  HookPipeline(TypingFrontState& state, HookedKeyProcessor& processor, const KeyStateReader& keys,
+               const Clock& clock);
+
+  // Decide only (state is updated; ProcessHookedKey is not called).
+  HookDecision DecideGlobal(const KeyEvent& event);
+  HookDecision DecideFocal(const KeyEvent& event);
+
+  // Decide and make the calls.
+  HookOutcome HandleGlobal(const KeyEvent& event) noexcept;
+  HookOutcome HandleFocal(const KeyEvent& event) noexcept;
+
+  // The mouse hook: a left button down or up enters click mode.
+  void OnMouse(std::uint32_t message);
+
+  // Forgets every key held back or remembered (typing switched on or off).
+  void ForgetKeys();
+
+ private:
+  enum class DownRecord : std::uint8_t { None, Passed, Swallowed, HeldBack };
+
+  HookDecision NormalDown(int vk) const;
+  HookDecision ClickModeDown(int vk);
+  HookDecision ChordDown(int vk) const;
+  HookDecision GlobalUp(const KeyEvent& event, int vk);
+  bool IsHeldBack(int vk) const;
+  void HoldBack(int vk, bool shift);
+  void FlushHeldBack(HookDecision& decision);
+  void Remember(int vk, const HookDecision& decision);
+  bool ChordHeld() const;
+  bool ShiftHeld() const;
+  HookOutcome CarryOut(const HookDecision& decision) noexcept;
+
+  TypingFrontState& state_;
+  HookedKeyProcessor& processor_;
+  const KeyStateReader& keys_;
+  const Clock& clock_;
+  bool clickBrokeComposition_ = false;
+  std::array<DownRecord, 256> downRecords_{};
+  std::array<std::uint8_t, 256> heldShift_{};
+  std::array<std::uint8_t, 8> heldOrder_{};
+  int heldCount_ = 0;
+};
+
+}  // namespace quilom::shell

@@ -1,0 +1,62 @@
+#include "shell/hooked_key_processor.hpp"
+
+#include "shell/key_classes.hpp"
+#include "shell/us_keyboard.hpp"
+
+namespace quilom::shell {
+
+HookedKeyProcessor::HookedKeyProcessor(TypingFrontState& state, translit::TypingEngine& engine)
+    : state_(state), engine_(engine) {}
+
+MenuSuppression HookedKeyProcessor::ProcessHookedKey(int shift, int key) noexcept {
+  try {
+    if (key == kResetSignal || key == kVkTab || key == kVkReturn) {
+      state_.keys.LastKey = key;
+      engine_.Reset();
+      return MenuSuppression::None;
+    }
+    if (state_.hotkeys.IsHotkey(key)) return ArmHotkey(key);
+    if (!state_.hotkeys.IsHotkey(state_.keys.LastKey)) {
+      state_.HotkeyArmed = false;
+      state_.keys.ComposeFlag = 0;
+      const char16_t character = UsKeyCharacter(key, shift == 1);
+      if (character != 0) engine_.ProcessKey(character);
+      return MenuSuppression::None;
+    }
+    AfterHotkey(shift, key);
+  } catch (...) {
+    // A failing engine must not take the desktop's keyboard down with it.
+  }
+  return MenuSuppression::None;
+}
+
+MenuSuppression HookedKeyProcessor::ArmHotkey(int key) {
+  state_.HotkeyArmed = true;
+  state_.keys.ComposeFlag = 0;
+  state_.keys.LastKey = key;
+  const int primary = state_.hotkeys.PrimaryHotkeyVk;
+  if (!IsAltKey(primary) && !IsWindowsKey(primary)) return MenuSuppression::None;
+  if (IsAltKey(key)) return MenuSuppression::Alt;
+  if (IsWindowsKey(key)) return MenuSuppression::Windows;
+  return MenuSuppression::None;
+}
+
+void HookedKeyProcessor::AfterHotkey(int shift, int key) {
+  state_.ClickPending = 0;
+  if (shift == 1) return;
+  const KeyClass keyClass = ClassifyKey(key);
+  if (keyClass == KeyClass::Digit || keyClass == KeyClass::NumpadDigit) {
+    if (digitHandler_) digitHandler_(key);
+    return;
+  }
+  state_.keys.LastKey = kResetSignal;
+}
+
+void HookedKeyProcessor::ResetComposition() noexcept {
+  try {
+    engine_.Reset();
+  } catch (...) {
+  }
+}
+
+}  // namespace quilom::shell

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <functional>
+
+#include "shell/typing_front_state.hpp"
+#include "translit/typing_engine.hpp"
+
+// The hand-over from the keyboard hooks to the typing engine: `ProcessHookedKey` takes one key
+// (or the reset signal) with its Shift flag, keeps the hotkey bookkeeping and feeds typing keys
+// to the engine as the characters of a US English keyboard.
+namespace quilom::shell {
+
+// A second press of the key family that the win32 layer must synthesise (keybd_event, marked
+// as injected) so that a hotkey made of Alt or a Windows key does not open the menu bar or the
+// Start menu.
+enum class MenuSuppression { None, Alt, Windows };
+
+class HookedKeyProcessor {
+ public:
+  HookedKeyProcessor(TypingFrontState& state, translit::TypingEngine& engine);
+
+  // `shift` is 0 or 1; `key` a virtual-key code or kResetSignal. Never throws: an error inside
+  // the engine is swallowed so that the hook callback always returns.
+  //
+  // Decisions of ours: after a hotkey key, a key other than a digit is ignored as specified and
+  // also ends the hotkey sequence (LastKey becomes the reset signal), so that typing goes on
+  // with the next key instead of ignoring keys until some reset arrives.
+  MenuSuppression ProcessHookedKey(int shift, int key) noexcept;
+
+  // Called with the virtual-key code of each digit (top row or numeric pad) typed right after
+  // a hotkey key; the keymap selection by number plugs in here.
+  void SetHotkeyDigitHandler(std::function<void(int vk)> handler) { digitHandler_ = std::move(handler); }
+
+  // Breaks the engine's composition (a click, a cursor key, typing switched off).
+  void ResetComposition() noexcept;
+
+ private:
+  MenuSuppression ArmHotkey(int key);
+  void AfterHotkey(int shift, int key);
+
+  TypingFrontState& state_;
+  translit::TypingEngine& engine_;
+  std::function<void(int vk)> digitHandler_;
+};
+
+}  // namespace quilom::shell
