@@ -1,0 +1,375 @@
+#!/usr/bin/env python3
+"""Generates the converter's data files from the legacy-encoding mapping facts.
+
+    python3 scripts/converter/make_tables.py [--facts DIR] [--out DIR]
+
+Writes, into "data/Sorvin/Tamil Fonts Converter/":
+  QuilomPlus-TamilFontEncodings.txt                 "Unicode", then the encodings below
+  QuilomPlus-NonUniSearchPatterns.txt               font-name prefixes, one line per encoding
+  QuilomPlus-TamilFontEncodings-DefaultFontToBeUsed.txt
+  QuilomPlus-Unicode fonts.txt
+  QuilomPlus-LegacyQuotes.txt                       quote characters, one line per encoding
+  tables/<id>.txt                                   one conversion table per id 101 to 304
+  Encoding notes.txt                                what each encoding cannot carry
+
+Every file is UTF-16LE with its mark and CR LF line ends, as the program reads them.
+
+Table ids follow the list positions (position p = 1 for the first legacy encoding):
+  100 + p  legacy to Unicode, quotes made normal (straight)
+  151 + p  legacy to Unicode, the font's quotes kept as they are (decorative)
+  202 + p  Unicode to legacy, "IrRiRee Form" (the separate glyph for ர், ரி, ரீ where the
+           font has one)
+  253 + p  Unicode to legacy, ர், ரி, ரீ written with the plain ர glyph
+
+The script checks what it writes: every syllable of the Unicode-to-legacy tables must come back
+through the legacy-to-Unicode table; those that cannot are listed in the notes file.
+"""
+
+import argparse
+import os
+import sys
+
+ROOT = os.path.abspath(os.path.join(os.path.dirname(__file__), '..', '..'))
+
+# (display name, facts file, font-name prefixes, default font)
+ENCODINGS = [
+    ('Anjal', 'anjal', ['Anjal'], 'AnjalIlakkanam'),
+    ('Anu', 'anu', ['LT-TM-', 'Anu'], 'LT-TM-Roja'),
+    ('Bamini', 'bamini', ['Bamini', 'Baamini'], 'Bamini'),
+    ('Boomi', 'boomi', ['Boomi'], 'Boomi'),
+    ('Dinakaran', 'dinakaran', ['Dinakaran'], 'Dinakaran'),
+    ('Dinamani', 'dinamani', ['Dinamani'], 'Dinamani'),
+    ('Dinathanthy', 'dinathanthy', ['Dinathanthy', 'DT-'], 'Dinathanthy'),
+    ('Indica', 'indica', ['Indica'], 'Indica Tamil'),
+    ('Indoweb', 'indoweb', ['Indoweb'], 'Indoweb'),
+    ('Kavipriya', 'kavipriya', ['Kavipriya'], 'Kavipriya'),
+    ('Libi', 'libi', ['Libi'], 'Libi'),
+    ('Murasoli', 'murasoli', ['Murasoli'], 'Murasoli'),
+    ('Nakkeeran', 'nakkeeran', ['Nakkeeran'], 'Nakkeeran'),
+    ('Oldvikatan', 'oldvikatan', ['Vikatan'], 'Vikatan'),
+    ('Pallavar', 'pallavar', ['Pallavar'], 'Pallavar'),
+    ('Shreelipi', 'shreelipi', ['SHREE-TAM-', 'Shree-Tam-'], 'SHREE-TAM-0802'),
+    ('Shreelipiavid', 'shreelipiavid', ['Avid'], 'Avid Tamil'),
+    ('Softview', 'softview', ['Softview'], 'Softview'),
+    ('Stmzh', 'stmzh', ['STMZH'], 'STMZH'),
+    ('Tab', 'tab', ['TAB-', 'TAB_'], 'TAB-Anna'),
+    ('Tace', 'tace', ['TACE'], 'TACE16'),
+    ('Tam', 'tam', ['TAM-', 'TAM_', 'TAMu_'], 'TAMu_Kalyani'),
+    ('Tscii', 'tscii', ['TSC'], 'TSCu_Paranar'),
+    ('Vanavil', 'vanavil', ['Vanavil', 'VANAVIL'], 'Vanavil-Avvaiyar'),
+    ('Webulagam', 'webulagam', ['Webulagam'], 'Webulagam'),
+]
+
+UNICODE_FONTS = ['Latha', 'Vijaya', 'Nirmala UI', 'Arial Unicode MS', 'Noto Sans Tamil', 'Noto Serif Tamil',
+                 'Lohit Tamil', 'Lohit Tamil Classical', 'TSCu_SaiIndira', 'Mukta Malar', 'Catamaran',
+                 'Hind Madurai', 'Meera Inimai', 'Pavanam', 'Kavivanar', 'Tamil Sangam MN', 'InaiMathi']
+
+# The characters the word processor shows for bytes 0x80 to 0x9F of Windows-1252. The five
+# bytes that code page leaves undefined keep their C1 control character, as Windows shows them.
+CP1252_HIGH = {
+    0x80: 0x20AC, 0x82: 0x201A, 0x83: 0x0192, 0x84: 0x201E, 0x85: 0x2026, 0x86: 0x2020, 0x87: 0x2021,
+    0x88: 0x02C6, 0x89: 0x2030, 0x8A: 0x0160, 0x8B: 0x2039, 0x8C: 0x0152, 0x8E: 0x017D, 0x91: 0x2018,
+    0x92: 0x2019, 0x93: 0x201C, 0x94: 0x201D, 0x95: 0x2022, 0x96: 0x2013, 0x97: 0x2014, 0x98: 0x02DC,
+    0x99: 0x2122, 0x9A: 0x0161, 0x9B: 0x203A, 0x9C: 0x0153, 0x9E: 0x017E, 0x9F: 0x0178,
+}
+
+VOWELS = [chr(c) for c in range(0x0B85, 0x0B95) if c not in (0x0B8B, 0x0B8C, 0x0B8D, 0x0B91)]
+CONSONANTS = [chr(c) for c in (0x0B95, 0x0B99, 0x0B9A, 0x0B9E, 0x0B9F, 0x0BA3, 0x0BA4, 0x0BA8, 0x0BAA,
+                               0x0BAE, 0x0BAF, 0x0BB0, 0x0BB2, 0x0BB5, 0x0BB4, 0x0BB3, 0x0BB1, 0x0BA9,
+                               0x0B9C, 0x0BB7, 0x0BB8, 0x0BB9)] + ['\u0b95\u0bcd\u0bb7']
+SIGNS = ['', '\u0bcd'] + [chr(c) for c in (0x0BBE, 0x0BBF, 0x0BC0, 0x0BC1, 0x0BC2, 0x0BC6, 0x0BC7, 0x0BC8,
+                                         0x0BCA, 0x0BCB, 0x0BCC)]
+SHRI = '\u0bb8\u0bcd\u0bb0\u0bc0'
+AYTHAM = '\u0b83'
+RA = '\u0bb0'
+IR_RI_REE = [RA + '\u0bcd', RA + '\u0bbf', RA + '\u0bc0']
+
+# Decomposed two-part vowel signs, made whole before a Unicode-to-legacy table looks for them.
+RECOMPOSE = [('\u0bc6\u0bbe', '\u0bca'), ('\u0bc7\u0bbe', '\u0bcb'), ('\u0bc6\u0bd7', '\u0bcc')]
+
+QUOTES = ["'", '"', '\u2018', '\u2019', '\u201c', '\u201d']
+
+
+def Syllables():
+    syllables = list(VOWELS) + [AYTHAM]
+    for consonant in CONSONANTS:
+        syllables += [consonant + sign for sign in SIGNS]
+    syllables.append(SHRI)
+    return syllables
+
+
+def IsTamil(text):
+    return any(0x0B80 <= ord(c) <= 0x0BFF for c in text)
+
+
+# Characters some facts use for a glyph code that Windows-1252 shows differently: the facts
+# give TSCII's ஃ (byte B7) as U+2219, which no Windows-1252 byte shows.
+LOOKALIKES = {0x2219: 0x00B7}
+
+
+def ShownAsWordProcessor(text):
+    """Legacy text as a word processor shows the bytes: C1 codes that Windows-1252 defines become
+    the character it defines for them."""
+    return ''.join(chr(LOOKALIKES.get(ord(c), CP1252_HIGH.get(ord(c), ord(c)))) for c in text)
+
+
+def TsciiAlternatives(rows):
+    """Forms other TSCII writers use (glibc's converter among them): ௌ with the ே glyph in front
+    (A7 ... AA), and ஸு, ஸூ, ஹு, ஹூ as the dead consonant's glyph (8A, 8B) with the sign."""
+    extra = []
+    for legacy, uni in rows:
+        if uni.endswith('\u0bcc') and legacy.startswith('\u00a6') and legacy.endswith('\u00aa'):
+            extra.append(('\u00a7' + legacy[1:], uni))
+    for dead, consonant in (('\u0160', '\u0bb8'), ('\u2039', '\u0bb9')):
+        extra += [(dead + '\u00a4', consonant + '\u0bc1'), (dead + '\u00a5', consonant + '\u0bc2')]
+    return extra
+
+
+REGEX_SPECIAL = set('\\+*?.()[]{}|^$')
+
+
+def Unescape(legacy):
+    """Some facts were copied from regular expressions: a backslash before a character that a
+    regular expression treats as special is no glyph of the font."""
+    out = []
+    i = 0
+    while i < len(legacy):
+        if legacy[i] == '\\' and i + 1 < len(legacy) and legacy[i + 1] in REGEX_SPECIAL:
+            i += 1
+        out.append(legacy[i])
+        i += 1
+    return ''.join(out)
+
+
+def ReadFacts(factsDir, name):
+    rows = []
+    with open(os.path.join(factsDir, name + '.tsv'), encoding='utf-8') as f:
+        for line in f:
+            if line.startswith('#'):
+                continue
+            fields = line.rstrip('\n').split('\t')
+            legacy, uni = (fields[1], fields[0]) if name == 'stmzh' else (fields[0], fields[1])
+            legacy = Unescape(legacy)
+            rows.append((legacy, uni))
+    return rows
+
+
+def ReplaceAllInOrder(text, pairs):
+    for find, replacement in pairs:
+        if find:
+            text = text.replace(find, replacement)
+    return text
+
+
+class Encoding:
+    def __init__(self, name, rows):
+        self.name = name
+        self.notes = []
+        rows = rows + self._InferredSignGlyphs(rows)
+        self.toUnicode = self._LegacyToUnicodePairs(rows)
+        self.glyphCodes = set(c for find, _ in self.toUnicode for c in find)
+        self.quotes = [q for q in QUOTES if q not in self.glyphCodes]
+        self.candidates = self._Candidates(rows)
+
+    def _InferredSignGlyphs(self, rows):
+        # The facts list the grantha syllables with ு and ூ as whole sequences (consonant glyph,
+        # then a sign glyph) but never the sign glyph alone, so ஸு, ஷூ... had no way through.
+        # The sign's glyph is what follows the consonant's glyph in such a sequence.
+        known = {}
+        for legacy, uni in rows:
+            known.setdefault(uni, legacy)
+        inferred = {}
+        for legacy, uni in rows:
+            sign = uni[-1:]
+            if sign in ('\u0bc1', '\u0bc2') and sign not in known and len(uni) >= 2:
+                base = known.get(uni[:-1])
+                if base and legacy.startswith(base) and len(legacy) > len(base) \
+                        and not IsTamil(legacy[len(base):]):
+                    inferred.setdefault(sign, legacy[len(base):])
+        for sign, glyph in inferred.items():
+            self.notes.append('added the lone sign %s (%s) as glyph %r, as its syllables write it'
+                              % (sign, Hex(sign), glyph))
+        return [(glyph, sign) for sign, glyph in inferred.items()]
+
+    def _LegacyToUnicodePairs(self, rows):
+        pairs = []
+        seen = set()
+        for legacy, uni in rows:
+            if ' ' in legacy or ' ' in uni or not legacy:
+                self.notes.append('dropped a mapping that holds a blank: %r -> %r' % (legacy, uni))
+                continue
+            if legacy == uni:
+                continue
+            for variant in dict.fromkeys([ShownAsWordProcessor(legacy), legacy]):
+                if variant not in seen:
+                    seen.add(variant)
+                    pairs.append((variant, uni))
+        # Longest find text first: a shorter sequence never breaks up a longer one that holds it.
+        # The facts' own order does in places (a lone consonant or vowel-sign glyph listed
+        # before the syllables it is part of); two-stage pairs, which repair text that earlier
+        # pairs made, stay last in their order.
+        direct = sorted((p for p in pairs if not IsTamil(p[0])), key=lambda p: -len(p[0]))
+        repairs = [p for p in pairs if IsTamil(p[0])]
+        return self._MoveReusedOutputsLast(direct + repairs)
+
+    def _MoveReusedOutputsLast(self, pairs):
+        # A plain-text run has no fonts to tell converted text from legacy text: a pair whose
+        # replacement holds a glyph code of a later pair would have its output converted again.
+        # Such pairs (they turn glyph codes into ASCII punctuation) go last.
+        early, late = [], []
+        for i, (find, uni) in enumerate(pairs):
+            laterCodes = set(c for f, _ in pairs[i + 1:] for c in f)
+            (late if not IsTamil(uni) and any(c in laterCodes for c in uni) else early).append((find, uni))
+        return early + late
+
+    def _Candidates(self, rows):
+        candidates = {}
+        for legacy, uni in rows:
+            if IsTamil(legacy) or ' ' in legacy or not legacy or legacy == uni:
+                continue
+            shown = ShownAsWordProcessor(legacy)
+            candidates.setdefault(uni, [])
+            if shown not in candidates[uni]:
+                candidates[uni].append(shown)
+        return candidates
+
+    def Decode(self, legacy):
+        return ReplaceAllInOrder(legacy, self.toUnicode)
+
+    def LegacyFor(self, syllable, irRiRee):
+        options = list(self.candidates.get(syllable, []))
+        options += self._Composed(syllable)
+        # A soft hyphen (TSCII's old இ at AD) is hidden by word processors: never write it.
+        working = sorted((o for o in options if self.Decode(o) == syllable), key=lambda o: '\u00ad' in o)
+        if syllable in IR_RI_REE and len(working) > 1:
+            plainRa = self.candidates.get(RA, [])
+            plain = [o for o in working if any(o.startswith(r) for r in plainRa)]
+            special = [o for o in working if o not in plain]
+            if irRiRee and special:
+                return special[0]
+            if not irRiRee and plain:
+                return plain[0]
+        return working[0] if working else None
+
+    def _Composed(self, syllable):
+        # Syllables the facts do not list whole, built from the glyphs of their parts.
+        if len(syllable) < 2 or syllable[-1] not in SIGNS:
+            return []
+        base, sign = syllable[:-1], syllable[-1]
+        bases = self.candidates.get(base, [])
+        signs = self.candidates.get(sign, [])
+        composed = []
+        for b in bases:
+            for s in signs:
+                composed += [s + b, b + s]
+        if sign in '\u0bca\u0bcb\u0bcc':
+            pre = {'\u0bca': '\u0bc6', '\u0bcb': '\u0bc7', '\u0bcc': '\u0bc6'}[sign]
+            post = '\u0bd7' if sign == '\u0bcc' else '\u0bbe'
+            for b in bases:
+                for p in self.candidates.get(pre, []):
+                    for q in self.candidates.get(post, []):
+                        composed.append(p + b + q)
+        return composed
+
+    def ToLegacyPairs(self, irRiRee):
+        pairs = list(RECOMPOSE)
+        units = Syllables() + [u for u in self.candidates if IsTamil(u) and u not in Syllables()]
+        missing = []
+        chosen = []
+        for order, unit in enumerate(units):
+            legacy = self.LegacyFor(unit, irRiRee)
+            if legacy is None:
+                if unit in Syllables():
+                    missing.append(unit)
+                continue
+            chosen.append((-len(unit), order, unit, legacy))
+        chosen.sort()
+        pairs += [(unit, legacy) for _, _, unit, legacy in chosen]
+        return pairs, missing
+
+
+def NormalQuotePairs(encoding):
+    pairs = []
+    for q in encoding.quotes:
+        straight = "'" if q in "'\u2018\u2019" else '"'
+        if q != straight:
+            pairs.append((q, straight))
+    return pairs
+
+
+def RoundTripFailures(encoding, toLegacy):
+    failures = []
+    for syllable in Syllables():
+        legacy = ReplaceAllInOrder(syllable, toLegacy)
+        if IsTamil(legacy):
+            continue  # not carried at all: reported as missing
+        if encoding.Decode(legacy) != syllable:
+            failures.append(syllable)
+    return failures
+
+
+def TableText(pairs):
+    return '\r\n'.join(find + ' ' + replacement for find, replacement in pairs)
+
+
+def WriteUtf16(path, text):
+    with open(path, 'wb') as f:
+        f.write(b'\xff\xfe' + text.encode('utf-16-le'))
+
+
+def Hex(text):
+    return ' '.join('%04X' % ord(c) for c in text)
+
+
+def main():
+    parser = argparse.ArgumentParser()
+    parser.add_argument('--facts', default='/work/shared/facts/encodings')
+    parser.add_argument('--out', default=os.path.join(ROOT, 'data', 'Sorvin', 'Tamil Fonts Converter'))
+    args = parser.parse_args()
+    tablesDir = os.path.join(args.out, 'tables')
+    os.makedirs(tablesDir, exist_ok=True)
+
+    notes = ['What each legacy encoding cannot carry, and what was changed in its mapping facts.',
+             'Generated by scripts/converter/make_tables.py; syllables are listed with their code points.',
+             '']
+    quoteLines = []
+    for position, (name, facts, _, _) in enumerate(ENCODINGS, start=1):
+        rows = ReadFacts(args.facts, facts)
+        if facts == 'tscii':
+            rows += TsciiAlternatives(rows)
+        encoding = Encoding(name, rows)
+        normal = encoding.toUnicode + NormalQuotePairs(encoding)
+        WriteUtf16(os.path.join(tablesDir, '%d.txt' % (100 + position)), TableText(normal))
+        WriteUtf16(os.path.join(tablesDir, '%d.txt' % (151 + position)), TableText(encoding.toUnicode))
+        problems = []
+        for base, irRiRee in ((202, True), (253, False)):
+            pairs, missing = encoding.ToLegacyPairs(irRiRee)
+            WriteUtf16(os.path.join(tablesDir, '%d.txt' % (base + position)), TableText(pairs))
+            problems = missing + [s for s in RoundTripFailures(encoding, pairs) if s not in missing]
+        quoteLines.append('     '.join(encoding.quotes))
+        notes.append('%s (list position %d, tables %d, %d, %d, %d):' % (name, position, 100 + position,
+                                                                        151 + position, 202 + position,
+                                                                        253 + position))
+        if problems:
+            notes.append('  cannot carry: ' + ', '.join('%s (%s)' % (s, Hex(s)) for s in problems))
+        else:
+            notes.append('  carries every syllable.')
+        notes += ['  ' + n for n in encoding.notes]
+        notes.append('')
+
+    names = ['Unicode'] + [e[0] for e in ENCODINGS]
+    patterns = ['Arial Unicode MS, Latha, Nirmala UI, Vijaya'] + [', '.join(e[2]) for e in ENCODINGS]
+    defaults = ['Latha'] + [e[3] for e in ENCODINGS]
+    out = args.out
+    WriteUtf16(os.path.join(out, 'QuilomPlus-TamilFontEncodings.txt'), '\r\n'.join(names))
+    WriteUtf16(os.path.join(out, 'QuilomPlus-NonUniSearchPatterns.txt'), '\r\n'.join(patterns))
+    WriteUtf16(os.path.join(out, 'QuilomPlus-TamilFontEncodings-DefaultFontToBeUsed.txt'), '\r\n'.join(defaults))
+    WriteUtf16(os.path.join(out, 'QuilomPlus-Unicode fonts.txt'), '\r\n'.join(UNICODE_FONTS))
+    WriteUtf16(os.path.join(out, 'QuilomPlus-LegacyQuotes.txt'), '\r\n'.join([''] + quoteLines))
+    WriteUtf16(os.path.join(out, 'Encoding notes.txt'), '\r\n'.join(notes))
+    print('wrote %d encodings, %d tables into %s' % (len(ENCODINGS), 4 * len(ENCODINGS), out))
+    return 0
+
+
+if __name__ == '__main__':
+    sys.exit(main())
