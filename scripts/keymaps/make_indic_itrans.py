@@ -1,0 +1,146 @@
+#!/usr/bin/env python3
+"""Generates the ITRANS-style phonetic keymaps of the Indic languages.
+
+A consonant key types the consonant with a virama (क्), so that consonant keys in a row make
+a conjunct; a vowel key after it replaces the virama by the vowel's sign (the entry is the
+whole syllable's keys, e.g. "kii" -> की), and "a" removes the virama. A vowel key anywhere
+else types the independent vowel. Every syllable is an entry of its own, so the keymaps need
+neither the engine's joining text nor its punctuation rule: their joining switch is off.
+
+Deliberate choices where ITRANS users differ: digits stay Latin digits (most modern text
+uses them); "n" before a velar or palatal stays न (type ~N or ~n for the nasal letter).
+"""
+
+import os
+import sys
+
+sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
+from indic_scripts import SCRIPTS  # noqa: E402
+from keymap_io import JoiningLine, KeymapPath, WriteKeymap  # noqa: E402
+
+ZWJ = "\u200d"
+
+# Vowel keys -> the Unicode vowel name; "A" (the inherent a) has no sign.
+VOWELS = [
+    ("a", "A"), ("aa", "AA"), ("A", "AA"), ("i", "I"), ("ii", "II"), ("I", "II"),
+    ("u", "U"), ("uu", "UU"), ("U", "UU"),
+    ("RRi", "VOCALIC R"), ("R^i", "VOCALIC R"), ("RRI", "VOCALIC RR"), ("R^I", "VOCALIC RR"),
+    ("LLi", "VOCALIC L"), ("L^i", "VOCALIC L"), ("LLI", "VOCALIC LL"), ("L^I", "VOCALIC LL"),
+    ("ai", "AI"), ("au", "AU"),
+]
+NORTH_EO = [("e", "E"), ("o", "O")]
+SOUTH_EO = [("e", "E"), ("E", "EE"), ("ee", "EE"), ("o", "O"), ("O", "OO"), ("oo", "OO")]
+
+# Consonant keys -> the Unicode letter name.
+CONSONANTS = [
+    ("k", "KA"), ("kh", "KHA"), ("K", "KHA"), ("g", "GA"), ("gh", "GHA"), ("G", "GHA"),
+    ("~N", "NGA"), ("N^", "NGA"),
+    ("ch", "CA"), ("c", "CA"), ("Ch", "CHA"), ("chh", "CHA"), ("C", "CHA"),
+    ("j", "JA"), ("jh", "JHA"), ("J", "JHA"), ("~n", "NYA"), ("JN", "NYA"),
+    ("T", "TTA"), ("Th", "TTHA"), ("D", "DDA"), ("Dh", "DDHA"), ("N", "NNA"),
+    ("t", "TA"), ("th", "THA"), ("d", "DA"), ("dh", "DHA"), ("n", "NA"),
+    ("p", "PA"), ("ph", "PHA"), ("P", "PHA"), ("b", "BA"), ("bh", "BHA"), ("B", "BHA"),
+    ("m", "MA"), ("y", "YA"), ("r", "RA"), ("l", "LA"), ("v", "VA"), ("w", "VA"),
+    ("sh", "SHA"), ("Sh", "SSA"), ("shh", "SSA"), ("S", "SSA"), ("s", "SA"), ("h", "HA"),
+    ("L", "LLA"), ("ld", "LLA"),
+]
+SOUTH_CONSONANTS = [("R", "RRA"), ("zh", "LLLA")]
+# Keys of letters written with a nukta: (key, precomposed letter name, base letter name).
+NUKTA_LETTERS = [
+    ("q", "QA", "KA"), (".kh", "KHHA", "KHA"), (".g", "GHHA", "GA"), ("z", "ZA", "JA"),
+    (".j", "ZA", "JA"), ("f", "FA", "PHA"), (".ph", "FA", "PHA"), (".D", "DDDHA", "DDA"),
+    (".Dh", "RHA", "DDHA"), ("Y", "YYA", "YA"),
+]
+# Conjuncts with keys of their own: key -> the letter names joined by virama.
+CONJUNCTS = [("x", ["KA", "SSA"]), ("kSh", ["KA", "SSA"]), ("ksh", ["KA", "SSA"]),
+             ("GY", ["JA", "NYA"]), ("j~n", ["JA", "NYA"]), ("dny", ["JA", "NYA"])]
+# Malayalam's final consonants without a vowel (chillu letters).
+CHILLU = [("N_", "CHILLU NN"), ("n_", "CHILLU N"), ("r_", "CHILLU RR"), ("l_", "CHILLU L"),
+          ("L_", "CHILLU LL"), ("k_", "CHILLU K")]
+SIGNS = [("M", ("ANUSVARA", "BINDI")), (".n", ("ANUSVARA", "BINDI")),
+         (".N", ("CANDRABINDU", "ADAK BINDI")), ("H", ("VISARGA",)), (".h", ("VIRAMA",)),
+         (".a", ("AVAGRAHA",)), (".H", ("HAARU",)), ("^", ("ADDAK",))]
+
+
+def Consonants(script):
+    """key -> the consonant text (without virama) for every consonant the script has."""
+    found = {}
+    pairs = CONSONANTS + (SOUTH_CONSONANTS if script.dravidianVowels else [])
+    for key, name in pairs:
+        letter = script.Letter(name)
+        if key == "w" and script.Letter("WA"):
+            letter = script.Letter("WA")
+        if letter:
+            found[key] = letter
+    virama = script.Virama()
+    for key, precomposed, base in NUKTA_LETTERS:
+        letter = script.Letter(precomposed)
+        if not letter and script.Nukta() and script.Letter(base):
+            letter = script.Letter(base) + script.Nukta()
+        if letter:
+            found[key] = letter
+    for key, names in CONJUNCTS:
+        letters = [script.Letter(n) for n in names]
+        if all(letters):
+            found[key] = virama.join(letters)
+    return found
+
+
+def Vowels(script):
+    """key -> (independent vowel, vowel sign) for every vowel the script has."""
+    found = {}
+    for key, name in VOWELS + (SOUTH_EO if script.dravidianVowels else NORTH_EO):
+        letter = script.Letter(name)
+        sign = "" if name == "A" else script.VowelSign(name)
+        if letter is None and name in ("E", "O"):  # Gurmukhi has only the long e and o
+            letter, sign = script.Letter(name * 2), script.VowelSign(name * 2)
+        if letter and sign is not None:
+            found[key] = (letter, sign)
+    return found
+
+
+def Entries(language):
+    script = SCRIPTS[language]
+    virama = script.Virama()
+    entries = {}
+    vowels = Vowels(script)
+    for key, (letter, _) in vowels.items():
+        entries[key] = letter
+    for key, consonant in Consonants(script).items():
+        entries[key] = consonant + virama
+        for vowelKey, (_, sign) in vowels.items():
+            entries[key + vowelKey] = consonant + sign
+    for key, names in SIGNS:
+        sign = script.Sign(*names)
+        if sign:
+            entries[key] = sign
+    if language == "Malayalam":
+        for key, name in CHILLU:
+            entries[key] = script.Letter(name)
+    om = script.Char("", "OM") or script.Letter("OM")
+    if om:
+        entries["OM"] = entries["AUM"] = om
+    entries["|"] = script.Danda()
+    entries["||"] = script.Danda(double=True)
+    return entries
+
+
+def LanguageComments(language):
+    return ["%s phonetic keymap (ITRANS)" % language,
+            "Generated by scripts/keymaps/make_indic_itrans.py; a consonant key types the "
+            "consonant with a virama, the vowel key after it joins as a sign."]
+
+
+def Write():
+    counts = {}
+    for language, script in SCRIPTS.items():
+        lfk = language + "-Unicode-PhoneticTransliteration"
+        joining = JoiningLine(False, ZWJ, script.block)
+        counts[lfk] = len(WriteKeymap(KeymapPath(lfk), lfk, Entries(language),
+                                      LanguageComments(language), joining))
+    return counts
+
+
+if __name__ == "__main__":
+    for lfk, count in Write().items():
+        print("%s: %d entries" % (lfk, count))
