@@ -6,8 +6,8 @@ namespace quilom::shell {
 
 HookHealth::HookHealth(const Clock& clock) : clock_(clock), lastSeen_(clock.TickCount()) {}
 
-void HookHealth::CallbackLeft() {
-  const std::uint32_t took = TicksBetween(enteredAt_, clock_.TickCount());
+void HookHealth::CallbackLeft(std::uint32_t enteredAt) {
+  const std::uint32_t took = TicksBetween(enteredAt, clock_.TickCount());
   slowest_ = std::max(slowest_, took);
   if (took > kSlowCallbackMs) slowSinceCheck_ = true;
 }

@@ -23,9 +23,13 @@ class HookHealth {
 
   explicit HookHealth(const Clock& clock);
 
-  // Bracket every hook callback (keyboard and mouse, injected events included).
-  void CallbackEntered() { enteredAt_ = clock_.TickCount(); lastSeen_ = enteredAt_; }
-  void CallbackLeft();
+  // Bracket every hook callback (keyboard and mouse, injected events included). Callbacks nest
+  // (our own output re-enters the hook), so each one carries its own start tick.
+  std::uint32_t CallbackEntered() {
+    lastSeen_ = clock_.TickCount();
+    return lastSeen_;
+  }
+  void CallbackLeft(std::uint32_t enteredAt);
 
   // True when the hooks should be re-installed now. `lastSystemInputTick` is the system's tick of
   // the last input; `hooksSeeAllInput` is true while both the keyboard and the mouse hook run.
@@ -39,7 +43,6 @@ class HookHealth {
 
  private:
   const Clock& clock_;
-  std::uint32_t enteredAt_ = 0;
   std::uint32_t lastSeen_ = 0;
   std::uint32_t slowest_ = 0;
   bool slowSinceCheck_ = false;

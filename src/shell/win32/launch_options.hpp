@@ -1,0 +1,26 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+// The program takes no arguments from users. These switches exist for the end-to-end tests,
+// which drive the real program under a script:
+//   --start-typing      switch typing on at the end of the main window's load
+//   --ready-file PATH   write PATH once the window is up and its hooks are installed
+//   --exit-when PATH    close the program (hooks removed first) when PATH appears
+// Unknown words are ignored, so a stray argument never stops the program from starting.
+namespace quilom::shell::win32 {
+
+struct LaunchOptions {
+  bool startTyping = false;
+  std::filesystem::path readyFile;
+  std::filesystem::path exitWhen;
+};
+
+LaunchOptions ParseLaunchOptions(const std::vector<std::wstring>& args);
+
+// The words of this process's command line after the program name.
+std::vector<std::wstring> CommandLineWords();
+
+}  // namespace quilom::shell::win32
