@@ -1,0 +1,189 @@
+#include "translit/engine.hpp"
+
+#include <algorithm>
+
+namespace quilom::translit {
+namespace {
+
+size_t CommonPrefixLength(std::u16string_view a, std::u16string_view b) {
+  const size_t m = std::min(a.size(), b.size());
+  size_t i = 0;
+  while (i < m && a[i] == b[i]) ++i;
+  return i;
+}
+
+// Only this much of the engine's record of its output is kept during long live typing; an
+// edit never reaches back further than the keys since the last restart.
+constexpr size_t kMaxRecordedText = 8192;
+
+}  // namespace
+
+Edit CommonPrefixDifference(std::u16string_view previous, std::u16string_view next) {
+  const size_t same = CommonPrefixLength(previous, next);
+  return Edit{static_cast<int>(previous.size() - same), std::u16string(next.substr(same))};
+}
+
+Engine::Engine(OutputSink& sink) : sink_(sink) {
+  typedKeys_.reserve(kMaxTypedKeys + 1);
+  history_.resize(kHistoryGrowth + 1);
+  for (auto& text : history_) text.reserve(32);
+  typedText_.reserve(256);
+  scratch_.reserve(256);
+  edit_.text.reserve(64);
+}
+
+void Engine::SetKeymap(std::shared_ptr<const PhoneticKeymap> keymap) {
+  keymap_ = std::move(keymap);
+  Reset();
+}
+
+void Engine::Reset() {
+  ClearBuffer();
+  typedText_.clear();
+}
+
+void Engine::ClearBuffer() {
+  typedKeys_.clear();
+  lastMatchPosition_ = 0;
+  lastMatchEntry_ = 0;
+  historyPositions_ = kHistoryGrowth;
+  history_[0].clear();
+}
+
+void Engine::RestartWith(char16_t key) {
+  ClearBuffer();
+  typedKeys_.push_back(key);
+}
+
+void Engine::ProcessKey(char16_t key) {
+  try {
+    ProcessKeyUnchecked(key);
+  } catch (...) {
+    // Out of memory is the only way here; the buffer starts afresh rather than lose keys later.
+    ClearBuffer();
+  }
+}
+
+void Engine::ProcessKeyUnchecked(char16_t key) {
+  if (static_cast<int>(typedKeys_.size()) >= kMaxTypedKeys) ClearBuffer();
+  typedKeys_.push_back(key);
+  if (history_.size() < typedKeys_.size() + 1) history_.resize(history_.size() + kHistoryGrowth);
+
+  bool matched = false;
+  for (int start = 1; start <= TypedLength(); ++start) {
+    const TailScan scan = ScanTail(start);
+    if (scan.entry != 0) {
+      ApplyMatch(start, scan.entry, edit_);
+      matched = true;
+      break;
+    }
+    if (start == lastMatchPosition_ && !scan.prefixHit) {
+      RestartWith(key);
+      start = 0;  // the scan begins again on the one-key buffer
+    }
+  }
+  if (!matched) {
+    edit_.eraseCount = 0;
+    edit_.text.assign(1, key);
+    Send(edit_.eraseCount, edit_.text);
+  }
+  RecordKey(edit_);
+  if (TypedLength() % kHistoryGrowth == 0) historyPositions_ += kHistoryGrowth;
+}
+
+Engine::TailScan Engine::ScanTail(int start) const {
+  TailScan scan;
+  if (!keymap_) return scan;
+  const std::u16string_view tail = std::u16string_view(typedKeys_).substr(static_cast<size_t>(start - 1));
+  const int row = keymap_->IndexRow(tail[0]);
+  if (row < 0) return scan;
+  int first = keymap_->firstCharIndex[row][0];
+  const int last = keymap_->firstCharIndex[row][1];
+  if (first == 0) return scan;
+  if (start == lastMatchPosition_ && lastMatchEntry_ != 0) first = lastMatchEntry_;
+  // The keys are sorted, so the keys that begin with the tail form one run that starts at
+  // the first key not below it: the run's first key is the match when it equals the tail.
+  const auto& keys = keymap_->phoneticKeys;
+  const auto begin = keys.begin() + first;
+  const auto end = keys.begin() + last + 1;
+  const auto found = std::lower_bound(begin, end, tail, [](const std::u16string& key, std::u16string_view t) {
+    return std::u16string_view(key) < t;
+  });
+  if (found == end || !std::u16string_view(*found).starts_with(tail)) return scan;
+  scan.prefixHit = true;
+  if (found->size() == tail.size()) scan.entry = static_cast<int>(found - keys.begin());
+  return scan;
+}
+
+void Engine::ApplyMatch(int start, int entry, Edit& edit) {
+  const int typedLength = TypedLength();
+  const std::u16string_view output = keymap_->phoneticOutputs[static_cast<size_t>(entry)];
+  ApplyPunctuationRule(start);
+  const bool dropLast = ApplyJoiningCheck(output);
+
+  const std::u16string& shown = history_[static_cast<size_t>(typedLength - 1)];
+  if (start == typedLength && !dropLast) {
+    edit.eraseCount = 0;
+    edit.text.assign(output);
+  } else {
+    scratch_.assign(history_[static_cast<size_t>(start - 1)]);
+    if (dropLast && !scratch_.empty()) scratch_.pop_back();
+    scratch_.append(output);
+    const size_t same = CommonPrefixLength(shown, scratch_);
+    edit.eraseCount = static_cast<int>(shown.size() - same);
+    edit.text.assign(std::u16string_view(scratch_).substr(same));
+  }
+  Send(edit.eraseCount, edit.text);
+  lastMatchPosition_ = start;
+  lastMatchEntry_ = entry;
+}
+
+void Engine::ApplyPunctuationRule(int start) {
+  if (settings_.punctuationSwitch != 1 || TypedLength() < 2) return;
+  if (start == 1 && TypedLength() != 2) return;
+  const std::u16string_view pair = std::u16string_view(typedKeys_).substr(typedKeys_.size() - 2);
+  const int row = keymap_->IndexRow(pair[0]);
+  if (row < 0) return;
+  const auto& slot = keymap_->punctuationOutputs[static_cast<size_t>(row)];
+  if (slot.empty() || slot.find(pair) == std::u16string::npos) return;
+  scratch_.assign(keymap_->joining.joiningText);
+  scratch_.push_back(pair[0]);
+  SendExtra(1, scratch_);
+}
+
+// True when the text before the output must lose its last character.
+bool Engine::ApplyJoiningCheck(std::u16string_view output) {
+  if (!UsesJoiningRules(settings_.typingMode) || !keymap_->joining.joiningSwitch || output.empty()) return false;
+  if (keymap_->joining.Joins(output[0])) {
+    SendExtra(0, keymap_->joining.joiningText);
+    return false;
+  }
+  return true;
+}
+
+// An edit sent before the key's own one; the record of what the application shows before
+// this key is brought up to date so that the key's edit is worked out against the truth.
+void Engine::SendExtra(int eraseCount, std::u16string_view text) {
+  auto& shown = history_[typedKeys_.size() - 1];
+  shown.resize(shown.size() - std::min<size_t>(shown.size(), static_cast<size_t>(eraseCount)));
+  shown.append(text);
+  Send(eraseCount, text);
+}
+
+void Engine::Send(int eraseCount, std::u16string_view text) {
+  typedText_.resize(typedText_.size() - std::min<size_t>(typedText_.size(), static_cast<size_t>(eraseCount)));
+  if (typedText_.size() + text.size() > kMaxRecordedText) typedText_.erase(0, kMaxRecordedText / 2);
+  typedText_.append(text);
+  sink_.OutputReplacement(eraseCount, text);
+}
+
+void Engine::RecordKey(const Edit& edit) {
+  const size_t typedLength = typedKeys_.size();
+  const std::u16string& previous = history_[typedLength - 1];
+  std::u16string& current = history_[typedLength];
+  const size_t keep = previous.size() - std::min(previous.size(), static_cast<size_t>(edit.eraseCount));
+  current.assign(previous, 0, keep);
+  current.append(edit.text);
+}
+
+}  // namespace quilom::translit
