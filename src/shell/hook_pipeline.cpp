@@ -81,8 +81,6 @@ HookDecision HookPipeline::ClickModeDown(int vk) {
   if (TicksBetween(previous, now) < kFastKeyMs) {
     state_.ClickPending = 0;
     HookDecision decision;
-    decision.resetEngineFirst = true;
-    decision.Add(0, kResetSignal);
     FlushHeldBack(decision);
     const HookDecision own = NormalDown(vk);
     for (int i = 0; i < own.callCount; ++i) decision.Add(own.calls[i].shift, own.calls[i].key);

@@ -24,7 +24,9 @@
 // - When a fast key-down ends click mode, the letters still held back for their key-up are
 //   processed first, in the order they went down, so that fast typing right after a click
 //   loses nothing; the new key is then handled as in normal mode (Escape, function keys and the
-//   like pass on with a reset rather than being swallowed).
+//   like pass on with a reset rather than being swallowed). Leaving click mode does not break
+//   the composition again: the click already did, and the letters typed since belong to the
+//   syllable being typed ("va" typed quickly after a click must still give one letter).
 // - In the focal (hotkeys-only) hook a numeric-pad digit is taken only while a hotkey is armed,
 //   like a top-row digit: with typing off the keypad must keep working.
 namespace quilom::shell {

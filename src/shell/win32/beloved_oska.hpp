@@ -53,6 +53,7 @@ class BelovedOska {
   controls::UiFont uiFont_;
   controls::UiFont titleFont_;
   controls::UiFont tamilFont_;
+  controls::UiFont exampleFont_;
 
   settings::DataFolders folders_;
   std::vector<std::uint32_t> wordProcessIds_;

@@ -1,0 +1,87 @@
+#!/bin/bash
+# Helpers for the end-to-end scenarios: start the target and Quilom++ under Wine, act as the
+# person at the keyboard with xdotool, and read what the target received.
+# Expects: SESSION (the Wine session folder), WORK (this test's folder), QUILOM_EXE, TARGET_EXE,
+# SHOTS (where screenshots go).
+
+# shellcheck disable=SC1091
+source "$SESSION/env.sh"
+mkdir -p "$WORK" "$SHOTS"
+rm -f "$WORK"/*
+
+PIDS=()
+
+fail() {
+  echo "FAIL: $*" >&2
+  [ -f "$WORK/keys.log" ] && { echo "--- target key log (last 30 lines)" >&2; tail -30 "$WORK/keys.log" >&2; }
+  exit 1
+}
+
+# The Windows name of a Unix path (Wine maps Z: to /).
+winpath() { local p; p=$(realpath -m "$1"); echo "Z:${p//\//\\}"; }
+
+wait_for_file() {  # FILE SECONDS
+  local deadline=$((SECONDS + $2))
+  while [ ! -s "$1" ]; do
+    [ $SECONDS -ge $deadline ] && return 1
+    sleep 0.05
+  done
+}
+
+start_target() {
+  wine "$TARGET_EXE" "$(winpath "$WORK/text.txt")" "$(winpath "$WORK/keys.log")" "$(winpath "$WORK/stop")" \
+    "$(winpath "$WORK/target.ready")" </dev/null >"$WORK/target.out" 2>&1 &
+  PIDS+=($!)
+  wait_for_file "$WORK/target.ready" 30 || fail "the target did not start"
+  TARGET_WID=$(timeout 20 xdotool search --sync --onlyvisible --name '^E2ETarget$' | head -1)
+  [ -n "$TARGET_WID" ] || fail "the target's window was not found"
+}
+
+# Starts Quilom++.exe with the test switches; extra arguments are passed on.
+start_quilom() {
+  rm -f "$WORK/quilom.ready"
+  wine "$QUILOM_EXE" --ready-file "$(winpath "$WORK/quilom.ready")" --exit-when "$(winpath "$WORK/stop")" "$@" \
+    </dev/null >"$WORK/quilom.out" 2>&1 &
+  QUILOM_PID=$!
+  PIDS+=("$QUILOM_PID")
+  wait_for_file "$WORK/quilom.ready" 30 || fail "Quilom++ did not get ready"
+  QUILOM_WID=$(timeout 20 xdotool search --sync --onlyvisible --name '^Quilom\+\+ : Direct Tamil' | head -1)
+  [ -n "$QUILOM_WID" ] || fail "the Quilom++ window was not found"
+}
+
+quilom_state() { cat "$WORK/quilom.ready" 2>/dev/null; }
+
+# A real click makes the window Wine's foreground window; focus alone does not.
+click_window() {  # WID X Y
+  xdotool windowfocus --sync "$1" 2>/dev/null || true
+  xdotool mousemove --window "$1" "$2" "$3" click 1
+  sleep 0.3
+}
+
+click_target() { click_window "$TARGET_WID" 300 120; }
+
+target_text() { cat "$WORK/text.txt" 2>/dev/null; }
+
+wait_for_text() {  # EXPECTED SECONDS
+  local deadline=$((SECONDS + ${2:-10}))
+  while [ "$(target_text)" != "$1" ]; do
+    [ $SECONDS -ge $deadline ] && return 1
+    sleep 0.1
+  done
+}
+
+expect_text() {  # EXPECTED [SECONDS]
+  wait_for_text "$1" "${2:-10}" || fail "target text is '$(target_text)', expected '$1'"
+}
+
+screenshot() { import -window root "$SHOTS/$1.png" 2>/dev/null || echo "screenshot $1 failed" >&2; }
+
+stop_programs() {
+  touch "$WORK/stop"
+  local pid
+  for pid in "${PIDS[@]}"; do
+    for _ in $(seq 100); do kill -0 "$pid" 2>/dev/null || break; sleep 0.1; done
+    kill "$pid" 2>/dev/null || true
+  done
+}
+trap stop_programs EXIT
