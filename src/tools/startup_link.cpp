@@ -30,7 +30,7 @@ bool CreateStartupLink(StartupPlatform& platform, std::u16string_view programFol
 
 void RemoveStartupLink(StartupPlatform& platform) {
   const std::u16string link = StartupLinkPath(platform);
-  if (!link.empty() && platform.FileExists(link)) platform.DeleteFile(link);
+  if (!link.empty() && platform.FileExists(link)) platform.RemoveFile(link);
 }
 
 void EnsureStartupLink(StartupPlatform& platform, std::u16string_view programFolder) {

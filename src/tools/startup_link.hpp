@@ -20,7 +20,7 @@ class StartupPlatform {
   virtual void WriteIniValue(std::u16string_view file, std::u16string_view section, std::u16string_view key,
                              std::u16string_view value) = 0;
   virtual bool FileExists(std::u16string_view path) = 0;
-  virtual void DeleteFile(std::u16string_view path) = 0;
+  virtual void RemoveFile(std::u16string_view path) = 0;
   // A plain message box titled "Quilom++".
   virtual void ShowMessage(std::u16string_view text) = 0;
 };
