@@ -1,0 +1,56 @@
+#pragma once
+
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "converter/pair_replacer.hpp"
+
+// Guesses which legacy encoding a text is in.
+//
+// Every legacy encoding's legacy-to-Unicode table is tried on the text, and each result is
+// scored by how much of it is well-formed Tamil: the share of characters that became Tamil,
+// less a penalty for every sign that stands where Tamil never writes one (a vowel sign or pulli
+// without a consonant before it, a vowel inside a word, a word opening with a dead consonant or
+// with a letter no native word begins with, Latin letters stuck to Tamil ones, glyph codes left
+// over). Encodings that share most glyph codes differ in the few that they do not share, and
+// those few break the syllables of the wrong guess. The confidence of a guess is its share of
+// the scores' softmax, sharpened by the length of the text: a paragraph settles what a word
+// cannot.
+namespace quilom::converter {
+
+struct EncodingGuess {
+  int position = 0;          // list position (1 for the first legacy encoding)
+  std::u16string name;
+  double score = 0;          // well-formedness, about -1 .. 1
+  double confidence = 0;     // 0 .. 1, the guesses' confidences add up to 1
+};
+
+class EncodingDetector {
+ public:
+  // Loads the legacy-to-Unicode table (normal quotes) of every legacy encoding of the list.
+  // Encodings whose table is missing are left out (and reported by the table loader).
+  static EncodingDetector Load(const std::filesystem::path& converterFolder);
+
+  // Every candidate, best first. Only the first `sampleLimit` code units are looked at: a long
+  // file is settled by its beginning. Empty when the detector has no tables.
+  std::vector<EncodingGuess> Rank(std::u16string_view text, std::size_t sampleLimit = 1u << 16) const;
+
+  std::size_t EncodingCount() const { return candidates_.size(); }
+
+ private:
+  struct Candidate {
+    int position;
+    std::u16string name;
+    std::shared_ptr<PairReplacer> replacer;
+  };
+  std::vector<Candidate> candidates_;
+};
+
+// The well-formedness score of Unicode text (see above), on its own. Text with no letters
+// scores 0.
+double TamilWellFormedness(std::u16string_view unicodeText);
+
+}  // namespace quilom::converter
