@@ -1,0 +1,194 @@
+#include "converter/libreoffice/writer_editor.hpp"
+
+#include <com/sun/star/beans/XPropertySet.hpp>
+#include <com/sun/star/container/XIndexAccess.hpp>
+#include <com/sun/star/document/XUndoManager.hpp>
+#include <com/sun/star/document/XUndoManagerSupplier.hpp>
+#include <com/sun/star/text/XText.hpp>
+#include <com/sun/star/text/XTextRangeCompare.hpp>
+
+#include "converter/libreoffice/font_search.hpp"
+#include "converter/libreoffice/uno_text.hpp"
+
+namespace quilom::converter::libreoffice {
+namespace css = com::sun::star;
+using css::uno::Any;
+using css::uno::Reference;
+using css::uno::UNO_QUERY;
+using css::uno::UNO_QUERY_THROW;
+
+namespace {
+
+constexpr char16_t kSource[] = u"LibreOffice";
+
+Reference<css::document::XUndoManager> UndoManagerOf(const Reference<css::frame::XModel>& document) {
+  const Reference<css::document::XUndoManagerSupplier> supplier(document, UNO_QUERY);
+  return supplier.is() ? supplier->getUndoManager() : Reference<css::document::XUndoManager>();
+}
+
+bool Inside(const Reference<css::text::XTextRange>& found, const Reference<css::text::XTextRange>& selected) {
+  if (found->getText() != selected->getText()) return false;
+  const Reference<css::text::XTextRangeCompare> compare(found->getText(), UNO_QUERY);
+  if (!compare.is()) return false;
+  try {
+    return compare->compareRegionStarts(selected, found) >= 0 && compare->compareRegionEnds(found, selected) >= 0;
+  } catch (const css::uno::Exception&) {
+    return false;
+  }
+}
+
+}  // namespace
+
+WriterEditor::WriterEditor(Reference<css::frame::XModel> document, bool ownDocument)
+    : document_(std::move(document)), ownDocument_(ownDocument) {}
+
+WriterEditor::~WriterEditor() { FinishRun(); }
+
+void WriterEditor::Fail(const ErrorDetails& details) { lastError_ = details; }
+
+bool WriterEditor::HasSelection() {
+  try {
+    return !SelectedRanges(document_).empty();
+  } catch (const css::uno::Exception& e) {
+    Fail(DetailsOf(e, kSource));
+    return false;
+  }
+}
+
+void WriterEditor::SetScope(EditScope scope) {
+  scope_ = scope;
+  selection_.clear();
+  if (scope != EditScope::Selection) return;
+  try {
+    selection_ = SelectedRanges(document_);
+  } catch (const css::uno::Exception& e) {
+    Fail(DetailsOf(e, kSource));
+  }
+  tagger_.SetSelection(selection_);
+}
+
+void WriterEditor::SetFindFont(std::u16string_view fontName) { findFont_ = std::u16string(fontName); }
+
+void WriterEditor::SetReplacementFont(std::u16string_view fontName) { replacementFont_ = std::u16string(fontName); }
+
+bool WriterEditor::BeginRun() {
+  if (running_) return true;
+  running_ = true;
+  try {
+    document_->lockControllers();
+    controllersLocked_ = true;
+    if (const Reference<css::document::XUndoManager> undo = UndoManagerOf(document_); undo.is()) {
+      if (ownDocument_) {
+        undo->lock();  // hundreds of replace-alls would otherwise be recorded for nobody
+        undoLocked_ = true;
+      } else {
+        undo->enterUndoContext(ToOUString(u"Quilom++ conversion"));
+        undoContextOpen_ = true;
+      }
+    }
+    markers_.Place(document_);
+    return true;
+  } catch (const css::uno::Exception& e) {
+    Fail(DetailsOf(e, kSource));
+    return false;
+  }
+}
+
+bool WriterEditor::ReplaceAll(std::u16string_view findText, std::u16string_view replacement) {
+  if (findText.empty()) return true;
+  if (!BeginRun()) return false;
+  const std::u16string find = markers_.MapSoftHyphens(findText);
+  const std::u16string replace = markers_.MapSoftHyphens(replacement);
+  try {
+    if (scope_ == EditScope::Selection && findFont_.empty()) {
+      return ReplaceInSelectionWithoutFont(find, replace);
+    }
+    if (scope_ == EditScope::Selection && selection_.empty()) return true;
+    FontSearch search;
+    search.text = find;
+    search.fontProperty = FontPropertyFor(find);
+    search.fontName = findFont_;
+    if (scope_ == EditScope::Selection) {
+      search.fontName = tagger_.TemporaryName(document_, search.fontProperty, findFont_);
+    }
+    leftovers_.Note(search.fontProperty, search.fontName, findFont_, find);
+    ReplaceAllInFont(document_, search, replace, replacementFont_);
+    return true;
+  } catch (const css::uno::Exception& e) {
+    Fail(DetailsOf(e, kSource));
+    return false;
+  }
+}
+
+bool WriterEditor::ReplaceInSelectionWithoutFont(const std::u16string& findText, const std::u16string& replacement) {
+  FontSearch search;
+  search.text = findText;
+  const Reference<css::container::XIndexAccess> found = FindAllInFont(document_, search);
+  const rtl::OUString newText = ToOUString(replacement);
+  for (sal_Int32 i = 0; found.is() && i < found->getCount(); ++i) {
+    const Reference<css::text::XTextRange> range(found->getByIndex(i), UNO_QUERY);
+    if (!range.is()) continue;
+    bool inside = false;
+    for (const auto& selected : selection_) inside = inside || Inside(range, selected);
+    if (!inside) continue;
+    range->setString(newText);
+    if (!replacementFont_.empty()) {
+      const Reference<css::beans::XPropertySet> properties(range, UNO_QUERY_THROW);
+      const Any font(ToOUString(replacementFont_));
+      properties->setPropertyValue(ToOUString(u"CharFontName"), font);
+      properties->setPropertyValue(ToOUString(u"CharFontNameComplex"), font);
+      properties->setPropertyValue(ToOUString(u"CharFontNameAsian"), font);
+    }
+  }
+  return true;
+}
+
+void WriterEditor::SetScreenUpdating(bool on) {
+  if (on) {
+    FinishRun();
+  } else {
+    BeginRun();
+  }
+}
+
+void WriterEditor::ClearUndo() {
+  FinishRun();
+  try {
+    if (const Reference<css::document::XUndoManager> undo = UndoManagerOf(document_); undo.is()) undo->clear();
+  } catch (const css::uno::Exception& e) {
+    Fail(DetailsOf(e, kSource));
+  }
+}
+
+bool WriterEditor::FinishRun() noexcept {
+  if (!running_) return true;
+  running_ = false;
+  bool ok = true;
+  // Each step is tried on its own, so that one failure does not leave the others' traces.
+  const auto step = [&](auto&& action) {
+    try {
+      action();
+    } catch (const css::uno::Exception& e) {
+      Fail(DetailsOf(e, kSource));
+      ok = false;
+    } catch (...) {
+      ok = false;
+    }
+  };
+  step([&] { leftovers_.ReportLeftovers(document_); });
+  step([&] { tagger_.RestoreAll(document_); });
+  step([&] { markers_.Remove(document_); });
+  step([&] {
+    const Reference<css::document::XUndoManager> undo = UndoManagerOf(document_);
+    if (undoContextOpen_ && undo.is()) undo->leaveUndoContext();
+    if (undoLocked_ && undo.is()) undo->unlock();
+    undoContextOpen_ = undoLocked_ = false;
+  });
+  step([&] {
+    if (controllersLocked_) document_->unlockControllers();
+    controllersLocked_ = false;
+  });
+  return ok;
+}
+
+}  // namespace quilom::converter::libreoffice

@@ -1,0 +1,74 @@
+#pragma once
+
+#include <string>
+
+#include <com/sun/star/frame/XModel.hpp>
+
+#include "converter/document_editor.hpp"
+#include "converter/libreoffice/leftover_check.hpp"
+#include "converter/libreoffice/run_markers.hpp"
+#include "converter/libreoffice/selection_tagger.hpp"
+
+// The conversion run's DocumentEditor over a Writer document, through UNO.
+//
+// A run begins with the first ReplaceAll (or SetScreenUpdating(false)) and ends with
+// SetScreenUpdating(true), ClearUndo(), FinishRun() or the editor's end. While it lasts:
+//   - the document's controllers are locked (replace-all with font attributes is about three
+//     times faster so) and the document carries the temporary markers of RunMarkers;
+//   - on a document we loaded ourselves undo recording is off; on the user's own document the
+//     whole run is one undo step ("Quilom++ conversion"), unless ClearUndo clears it.
+// At its end the markers and temporary selection fonts are removed, leftover text in the find
+// fonts is reported (tag "LO - Left"), and the controllers are unlocked.
+//
+// Decisions of this editor:
+//   - WholeDocument scope is the whole document: body, tables, frames, headers, footers and
+//     footnotes, as Writer's replace-all covers them.
+//   - Selection scope with a find font set converts exactly the selected text of that font
+//     (see SelectionTagger). Without a find font, the selection is converted occurrence by
+//     occurrence (slower; each replacement takes the formatting at its start).
+//   - The find font is matched on the complex-script font for text with complex-script
+//     letters (Unicode Tamil), on the western font otherwise (legacy encodings).
+namespace quilom::converter::libreoffice {
+
+class WriterEditor final : public DocumentEditor {
+ public:
+  // `ownDocument`: the document was loaded by us for this run and is not the user's view.
+  WriterEditor(com::sun::star::uno::Reference<com::sun::star::frame::XModel> document, bool ownDocument);
+  ~WriterEditor() override;
+  WriterEditor(const WriterEditor&) = delete;
+  WriterEditor& operator=(const WriterEditor&) = delete;
+
+  bool HasSelection() override;
+  void SetScope(EditScope scope) override;
+  void SetFindFont(std::u16string_view fontName) override;
+  void SetReplacementFont(std::u16string_view fontName) override;
+  bool ReplaceAll(std::u16string_view findText, std::u16string_view replacement) override;
+  void SetScreenUpdating(bool on) override;
+  void ClearUndo() override;
+  ErrorDetails LastError() const override { return lastError_; }
+
+  // Ends a run now (see above). Returns false when the clean-up failed; LastError says why.
+  bool FinishRun() noexcept;
+
+ private:
+  bool BeginRun();
+  bool ReplaceInSelectionWithoutFont(const std::u16string& findText, const std::u16string& replacement);
+  void Fail(const ErrorDetails& details);
+
+  com::sun::star::uno::Reference<com::sun::star::frame::XModel> document_;
+  bool ownDocument_;
+  EditScope scope_ = EditScope::WholeDocument;
+  std::u16string findFont_;
+  std::u16string replacementFont_;
+  bool running_ = false;
+  bool controllersLocked_ = false;
+  bool undoLocked_ = false;
+  bool undoContextOpen_ = false;
+  RunMarkers markers_;
+  SelectionTagger tagger_;
+  std::vector<com::sun::star::uno::Reference<com::sun::star::text::XTextRange>> selection_;
+  LeftoverCheck leftovers_;
+  ErrorDetails lastError_;
+};
+
+}  // namespace quilom::converter::libreoffice
