@@ -72,9 +72,11 @@ SPECIALS = [
 NUMERALS = [("#" + str(d), chr(0x0BE6 + d)) for d in range(10)] + [
     ("#10", "௰"), ("#100", "௱"), ("#1000", "௲"),
 ]
+# The sign keys stay short: the engine restarts its buffer as soon as the keys after an inner
+# match continue no key, so "#" and at most two letters are all a key may hold here.
 SIGNS = [
-    ("#day", "௳"), ("#month", "௴"), ("#year", "௵"), ("#debit", "௶"),
-    ("#credit", "௷"), ("#asabove", "௸"), ("#rupee", "௹"), ("#number", "௺"),
+    ("#d", "௳"), ("#m", "௴"), ("#y", "௵"), ("#db", "௶"),
+    ("#cr", "௷"), ("#as", "௸"), ("#r", "௹"), ("#n", "௺"),
 ]
 
 # The output adjustment is off for Tamil: the scheme re-renders whole syllables instead.
