@@ -27,15 +27,14 @@ int RunUrlNorm(CommandContext& ctx) {
   } else if (auto read = ReadInputBytes(ctx, "", kName)) {
     bytes = *read;
   }
-  const std::u16string input = text::Utf8ToUtf16(bytes);
-  const auto output = tools::NormalizeUrl(input);
+  if (bytes.find_first_not_of(" \t\r\n") == std::string::npos) {
+    ctx.err << "quilom urlnorm: there is no text to normalise\n";
+    return 1;
+  }
+  const auto output = tools::NormalizeUrl(text::Utf8ToUtf16(bytes));
   if (!output) {
-    if (bytes.find_first_not_of(" \t\r\n") == std::string::npos) {
-      ctx.err << "quilom urlnorm: there is no text to normalise\n";
-    } else {
-      ctx.err << "quilom urlnorm: cannot normalise: a %-sequence is worth 256 or more (capital hexadecimal "
-                 "digits run on, as in %20AB), or the text holds characters above U+00FF\n";
-    }
+    ctx.err << "quilom urlnorm: cannot normalise: a %-sequence is worth 256 or more (capital hexadecimal "
+               "digits run on, as in %20AB), or the text holds characters above U+00FF\n";
     return 1;
   }
   if (parsed.flags.count("--address")) {
