@@ -5,7 +5,8 @@ A consonant key types the consonant with a virama (क्), so that consonant ke
 a conjunct; a vowel key after it replaces the virama by the vowel's sign (the entry is the
 whole syllable's keys, e.g. "kii" -> की), and "a" removes the virama. A vowel key anywhere
 else types the independent vowel. Every syllable is an entry of its own, so the keymaps need
-neither the engine's joining text nor its punctuation rule: their joining switch is off.
+no joining text: their joining switch is off and the text is empty, which also leaves the
+punctuation rule's extra edit harmless (it retypes the punctuation key itself).
 
 Deliberate choices where ITRANS users differ: digits stay Latin digits (most modern text
 uses them); "n" before a velar or palatal stays न (type ~N or ~n for the nasal letter).
@@ -17,8 +18,6 @@ import sys
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 from indic_scripts import SCRIPTS  # noqa: E402
 from keymap_io import JoiningLine, KeymapPath, WriteKeymap  # noqa: E402
-
-ZWJ = "\u200d"
 
 # Vowel keys -> the Unicode vowel name; "A" (the inherent a) has no sign.
 VOWELS = [
@@ -135,7 +134,7 @@ def Write():
     counts = {}
     for language, script in SCRIPTS.items():
         lfk = language + "-Unicode-PhoneticTransliteration"
-        joining = JoiningLine(False, ZWJ, script.block)
+        joining = JoiningLine(False, "", script.block)
         counts[lfk] = len(WriteKeymap(KeymapPath(lfk), lfk, Entries(language),
                                       LanguageComments(language), joining))
     return counts
