@@ -1,0 +1,92 @@
+#include <gtest/gtest.h>
+
+#include <vector>
+
+#include "shell/hooked_key_processor.hpp"
+#include "shell/key_classes.hpp"
+#include "shell/us_keyboard.hpp"
+#include "shell_fakes.hpp"
+
+namespace quilom::shell {
+namespace {
+
+using testing::RecordingEngine;
+
+class ProcessHookedKeyTest : public ::testing::Test {
+ protected:
+  TypingFrontState state;
+  RecordingEngine engine;
+  HookedKeyProcessor processor{state, engine};
+};
+
+TEST_F(ProcessHookedKeyTest, TypingKeysReachTheEngineAsUsKeyboardCharacters) {
+  processor.ProcessHookedKey(0, 'K');
+  processor.ProcessHookedKey(1, 'K');
+  processor.ProcessHookedKey(1, '1');
+  processor.ProcessHookedKey(0, 0xDE);
+  processor.ProcessHookedKey(1, 0xBF);
+  processor.ProcessHookedKey(0, 0x65);  // numeric pad 5
+  EXPECT_EQ(engine.log, u"kK!'?5");
+}
+
+TEST_F(ProcessHookedKeyTest, ResetTabAndEnterBreakTheCompositionAndAreRemembered) {
+  for (const int key : {kResetSignal, kVkTab, kVkReturn}) {
+    processor.ProcessHookedKey(0, key);
+    EXPECT_EQ(state.keys.LastKey, key);
+  }
+  EXPECT_EQ(engine.log, u"|||");
+}
+
+TEST_F(ProcessHookedKeyTest, HotkeyThenDigitSelectsInsteadOfTyping) {
+  state.hotkeys = {0xA3, 0x7B, 0};
+  std::vector<int> chosen;
+  processor.SetHotkeyDigitHandler([&](int vk) { chosen.push_back(vk); });
+  state.ClickPending = 1;
+  processor.ProcessHookedKey(0, 0xA3);
+  EXPECT_TRUE(state.HotkeyArmed);
+  EXPECT_EQ(state.keys.LastKey, 0xA3);
+  processor.ProcessHookedKey(0, '2');
+  processor.ProcessHookedKey(0, 0x63);
+  EXPECT_EQ(chosen, (std::vector<int>{'2', 0x63}));
+  EXPECT_EQ(state.ClickPending, 0);
+  EXPECT_EQ(engine.log, u"");
+
+  processor.ProcessHookedKey(1, '3');  // shifted: ignored, the hotkey sequence goes on
+  processor.ProcessHookedKey(0, 'K');  // ignored, and ends the sequence
+  processor.ProcessHookedKey(0, 'K');
+  EXPECT_EQ(chosen.size(), 2u);
+  EXPECT_EQ(engine.log, u"k");
+  EXPECT_FALSE(state.HotkeyArmed);
+}
+
+TEST_F(ProcessHookedKeyTest, AltOrWindowsHotkeyAsksForMenuSuppression) {
+  state.hotkeys = {0xA4, 0x5B, 0x7B};  // left Alt primary, left Windows and F12 secondary
+  EXPECT_EQ(processor.ProcessHookedKey(0, 0xA4), MenuSuppression::Alt);
+  EXPECT_EQ(processor.ProcessHookedKey(0, 0x5B), MenuSuppression::Windows);
+  EXPECT_EQ(processor.ProcessHookedKey(0, 0x7B), MenuSuppression::None);
+  state.hotkeys = {0xA3, 0x5B, 0};  // a Ctrl primary never needs it
+  EXPECT_EQ(processor.ProcessHookedKey(0, 0x5B), MenuSuppression::None);
+}
+
+TEST_F(ProcessHookedKeyTest, EngineFailureDoesNotEscape) {
+  engine.throwOnKey = true;
+  EXPECT_NO_THROW(processor.ProcessHookedKey(0, 'K'));
+}
+
+TEST(UsKeyboard, CharactersOfAUsKeyboard) {
+  struct Row {
+    int vk;
+    bool shift;
+    char16_t expected;
+  };
+  const Row rows[] = {{'A', false, u'a'}, {'Z', true, u'Z'},  {' ', true, u' '},  {'0', false, u'0'},
+                      {'2', true, u'@'},  {'9', true, u'('},  {0xBA, true, u':'}, {0xC0, true, u'~'},
+                      {0xDC, false, u'\\'}, {0xDE, true, u'"'}, {0x60, true, u'0'}, {0xDF, false, 0},
+                      {0x25, false, 0}};
+  for (const Row& row : rows) {
+    EXPECT_EQ(UsKeyCharacter(row.vk, row.shift), row.expected) << "vk " << row.vk << " shift " << row.shift;
+  }
+}
+
+}  // namespace
+}  // namespace quilom::shell
