@@ -43,8 +43,11 @@ std::vector<Piece> SplitPieces(std::u16string_view input, bool keepBackQuoted) {
       while (j < input.size() && IsSeparator(input[j])) ++j;
       pieces.push_back({input.substr(i, j - i), false});
     } else {
-      while (j < input.size() && !IsSeparator(input[j]) && !(keepBackQuoted && input[j] == u'`')) ++j;
-      if (j == i) ++j;
+      // A grave accent ends the word only when another one closes the quoted text after it.
+      const auto opensQuote = [&](size_t k) {
+        return keepBackQuoted && input[k] == u'`' && input.find(u'`', k + 1) != std::u16string_view::npos;
+      };
+      while (j < input.size() && !IsSeparator(input[j]) && !opensQuote(j)) ++j;
       pieces.push_back({input.substr(i, j - i), true});
     }
     i = j;
