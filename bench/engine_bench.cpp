@@ -1,0 +1,73 @@
+#include <benchmark/benchmark.h>
+
+#include <string>
+
+#include "settings/data_folders.hpp"
+#include "translit/engine.hpp"
+#include "translit/keymap_file.hpp"
+
+namespace {
+
+using namespace quilom;
+
+const std::filesystem::path& KeymapFolder() {
+  static const auto folder = settings::DataFolders::ForDataRoot(QUILOM_SOURCE_DATA_DIR).keymapFolder;
+  return folder;
+}
+
+constexpr char16_t kScheme[] = u"Tamil-Unicode-PhoneticTransliteration";
+
+// A phonetic paragraph of about 2,000 keys, spaces included, as a typist would send them.
+std::u16string Paragraph() {
+  const std::u16string sentence =
+      u"vaNakkam thamizh makkaLE inRu naam puththakam padiththOm avaL kaatru vanthaan ezhuththu "
+      u"thiruvaLLuvar uyir mozhi pazham gnaanam kshaththiriyan Sri haaSyam owvaiyaar aiyaa ";
+  std::u16string text;
+  while (text.size() < 2000) text += sentence;
+  return text.substr(0, 2000);
+}
+
+class CountingSink final : public translit::OutputSink {
+ public:
+  long long units = 0;
+
+ protected:
+  void Emit(int eraseCount, std::u16string_view text) override { units += eraseCount + text.size(); }
+};
+
+void BM_EnginePerKey(benchmark::State& state) {
+  std::shared_ptr<const translit::PhoneticKeymap> tables;
+  if (translit::LoadPhoneticKeymap(KeymapFolder(), kScheme, {}, tables) != translit::LoadOutcome::Loaded) {
+    state.SkipWithError("keymap not loaded");
+    return;
+  }
+  const std::u16string paragraph = Paragraph();
+  CountingSink sink;
+  translit::Engine engine(sink);
+  engine.SetKeymap(tables);
+  for (auto _ : state) {
+    for (char16_t key : paragraph) engine.ProcessKey(key);
+    benchmark::DoNotOptimize(sink.units);
+  }
+  state.SetItemsProcessed(state.iterations() * static_cast<int64_t>(paragraph.size()));
+  // Shown with an SI prefix: "85n" is 85 ns a key.
+  state.counters["time_per_key"] = benchmark::Counter(static_cast<double>(paragraph.size()),
+                                                      benchmark::Counter::kIsIterationInvariantRate |
+                                                          benchmark::Counter::kInvert);
+}
+BENCHMARK(BM_EnginePerKey);
+
+void BM_LoadTamilKeymap(benchmark::State& state) {
+  for (auto _ : state) {
+    std::shared_ptr<const translit::PhoneticKeymap> tables;
+    const auto outcome = translit::LoadPhoneticKeymap(KeymapFolder(), kScheme, {}, tables);
+    if (outcome != translit::LoadOutcome::Loaded) {
+      state.SkipWithError("keymap not loaded");
+      return;
+    }
+    benchmark::DoNotOptimize(tables->EntryCount());
+  }
+}
+BENCHMARK(BM_LoadTamilKeymap)->Unit(benchmark::kMicrosecond);
+
+}  // namespace
