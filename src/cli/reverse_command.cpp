@@ -72,7 +72,7 @@ std::optional<tools::ReverseWordList> LoadWords(CommandContext& ctx, const Parse
 int RunReverse(CommandContext& ctx) {
   const ParsedArgs parsed = ParseArgs(ctx.args, {"--output"},
                                       {"--numerals", "--signs", "--keep-graves", "--remove-graves", "--lower",
-                                       "--no-word-list", "--sample", "--counts"});
+                                       "--no-word-list", "--sample", "--counts", "--typeable"});
   if (!parsed.error.empty() || parsed.positional.size() > 1) {
     ctx.err << "quilom reverse: " << (parsed.error.empty() ? "only one FILE may be given" : parsed.error) << "\n";
     return 2;
@@ -91,7 +91,7 @@ int RunReverse(CommandContext& ctx) {
   std::u16string input = text::Utf8ToUtf16(*bytes);
   if (!input.empty() && input.front() == u'\uFEFF') input.erase(0, 1);
   const tools::ReverseOptions options{parsed.flags.count("--numerals") > 0, parsed.flags.count("--signs") > 0,
-                                      parsed.flags.count("--keep-graves") > 0};
+                                      parsed.flags.count("--keep-graves") > 0, parsed.flags.count("--typeable") > 0};
   ProgressBar bar(ctx, "reverse");
   std::u16string output = tools::ReverseTransliterate(input, options, *words, [&](size_t index, size_t count) {
     bar.Update(count < 2 ? 100 : static_cast<int>(index * 100 / (count - 1)));
@@ -108,9 +108,9 @@ int RunReverse(CommandContext& ctx) {
 
 const RegisterCommand registration({
     kName,
-    "reverse [FILE] [--numerals] [--signs] [--keep-graves] [--remove-graves] [--lower] [--no-word-list] "
-    "[--sample] [--counts] [--output FILE]",
-    "Tamil text back to the Latin spelling that the phonetic keymap types",
+    "reverse [FILE] [--numerals] [--signs] [--keep-graves] [--remove-graves] [--lower] [--typeable] "
+    "[--no-word-list] [--sample] [--counts] [--output FILE]",
+    "Tamil text back to Latin phonetic spelling (--typeable: spell ந as \"w\" so that the result types back)",
     RunReverse,
 });
 

@@ -18,6 +18,7 @@ using Kind = TamilLetter::Kind;
 struct Context {
   const std::vector<TamilLetter>& letters;
   size_t index;
+  bool typeableNa;
 
   const TamilLetter& self() const { return letters[index]; }
   const TamilLetter* previous() const { return index > 0 ? &letters[index - 1] : nullptr; }
@@ -52,6 +53,7 @@ std::u16string_view CaSpelling(const Context& c) {
 }
 
 std::u16string_view TtaSpelling(const Context& c) {
+  if (c.self().kind == Kind::Dead && c.BeforeConsonant(kRa)) return u"d";  // "tr" types ற்ற
   return c.HasVowel() && (c.AfterVowel() || c.AfterDead(kNna)) ? u"d" : u"t";
 }
 
@@ -76,6 +78,7 @@ std::u16string_view ConsonantSpelling(const Context& c) {
     case kTta: return TtaSpelling(c);
     case kTa: return TaSpelling(c);
     case kPa: return c.AfterDead(kMa) ? u"b" : u"p";
+    case kNa: return c.typeableNa && !(c.self().kind == Kind::Dead && c.BeforeConsonant(kTa)) ? u"w" : u"n";
     case kRra: return RraSpelling(c);
     default: return Consonants()[c.self().consonant].latin;
   }
@@ -85,11 +88,11 @@ bool IsAytham(const TamilLetter& letter) { return letter.kind == Kind::Vowel && 
 
 }  // namespace
 
-std::u16string SpellTamilLetters(const std::vector<TamilLetter>& letters) {
+std::u16string SpellTamilLetters(const std::vector<TamilLetter>& letters, bool typeableNa) {
   std::u16string latin;
   for (size_t i = 0; i < letters.size(); ++i) {
     const TamilLetter& letter = letters[i];
-    const Context context{letters, i};
+    const Context context{letters, i, typeableNa};
     switch (letter.kind) {
       case Kind::Syllable:
       case Kind::Dead: {

@@ -60,7 +60,7 @@ size_t CountWords(std::u16string_view text) {
 class WordConverter {
  public:
   WordConverter(const ReverseOptions& options, const ReverseProgress& progress, size_t wordCount)
-      : letterOptions_{options.numerals, options.signs}, progress_(progress), wordCount_(wordCount) {}
+      : letterOptions_{options.numerals, options.signs, options.typeableNa}, progress_(progress), wordCount_(wordCount) {}
 
   void Convert(std::u16string_view text, std::u16string& out) {
     size_t pos = 0;
@@ -81,7 +81,7 @@ class WordConverter {
     if (progress_) progress_(wordIndex_, wordCount_);
     ++wordIndex_;
     if (IsTamilWord(word)) {
-      out += SpellTamilLetters(SplitTamilLetters(word, letterOptions_));
+      out += SpellTamilLetters(SplitTamilLetters(word, letterOptions_), letterOptions_.typeableNa);
     } else {
       out += word;
     }
@@ -101,7 +101,7 @@ std::u16string ReverseTransliterate(std::u16string_view text, const ReverseOptio
   std::vector<std::pair<std::u16string, bool>> pieces;
   size_t wordCount = 0;
   for (const Segment& segment : SplitAtGraves(text, options.keepGraves)) {
-    std::u16string piece = segment.convert ? words.Apply(segment.text) : std::u16string(segment.text);
+    std::u16string piece = segment.convert ? words.Apply(segment.text, options.typeableNa) : std::u16string(segment.text);
     if (segment.convert) wordCount += CountWords(piece);
     pieces.emplace_back(std::move(piece), segment.convert);
   }

@@ -17,6 +17,10 @@ struct ReverseOptions {
   bool numerals = false;    // ௧௨ -> "12", ௰ ௱ ௲ -> "10" "100" "1000"
   bool signs = false;       // ௳ ... ௺ -> "day" ... "number"
   bool keepGraves = false;  // text between a pair of grave accents is kept as it stands
+  // The tables spell ந and ன both "n", and "n" types ன. With this, ந is spelled "w", the key
+  // that types it, except in ந்த where "ndh" already types ந; the output then types back to
+  // the same Tamil.
+  bool typeableNa = false;
 };
 
 // Called once per word before it is converted: `index` counts from 0 to `count` - 1.

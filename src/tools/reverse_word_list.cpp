@@ -10,6 +10,18 @@ namespace quilom::tools {
 
 bool IsWordListBoundary(char16_t ch) { return ch >= u'\u0009' && ch <= u'\u0B7F'; }
 
+namespace {
+
+// ந that the letter rules would spell "w" when asked for typeable output.
+bool HoldsNaOutsideNdh(std::u16string_view tamil) {
+  for (size_t pos = tamil.find(u'\u0BA8'); pos != std::u16string_view::npos; pos = tamil.find(u'\u0BA8', pos + 1)) {
+    if (tamil.substr(pos + 1, 2) != u"\u0BCD\u0BA4") return true;
+  }
+  return false;
+}
+
+}  // namespace
+
 ReverseWordList ReverseWordList::Parse(std::u16string_view text) {
   ReverseWordList list;
   std::u16string normalised = text::ReplaceAll(text, u"\r\n", u"\n");
@@ -26,14 +38,14 @@ ReverseWordList ReverseWordList::Parse(std::u16string_view text) {
       list.badLines_.push_back(i + 1);
       continue;
     }
-    list.words_.try_emplace(std::u16string(tamil), std::u16string(line.substr(blank + 1)));
+    list.words_.try_emplace(std::u16string(tamil), Spelling{std::u16string(line.substr(blank + 1)), HoldsNaOutsideNdh(tamil)});
   }
   return list;
 }
 
 // Listed words hold no boundary character, so a word stands between boundaries exactly when it
 // is a whole run of non-boundary characters: one pass over the runs finds every match.
-std::u16string ReverseWordList::Apply(std::u16string_view text) const {
+std::u16string ReverseWordList::Apply(std::u16string_view text, bool typeableNa) const {
   if (words_.empty()) return std::u16string(text);
   std::u16string result;
   result.reserve(text.size());
@@ -47,7 +59,8 @@ std::u16string ReverseWordList::Apply(std::u16string_view text) const {
     while (end < text.size() && !IsWordListBoundary(text[end])) ++end;
     const std::u16string run(text.substr(pos, end - pos));
     const auto found = words_.find(run);
-    result += found != words_.end() ? found->second : run;
+    const bool use = found != words_.end() && !(typeableNa && found->second.needsTypeableNa);
+    result += use ? found->second.latin : run;
     pos = end;
   }
   return result;

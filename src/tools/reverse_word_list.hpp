@@ -27,14 +27,20 @@ class ReverseWordList {
   static ReverseWordList Parse(std::u16string_view text);
 
   // Replaces every listed word that stands between two boundary characters (or the text's
-  // ends) by its Latin spelling. When a word is listed twice the first line wins.
-  std::u16string Apply(std::u16string_view text) const;
+  // ends) by its Latin spelling. When a word is listed twice the first line wins. The list's
+  // spellings write ந as "n", for reading; with `typeableNa` (ReverseOptions) a word that holds
+  // ந outside ந்த is left to the letter rules, which then spell it so that it types back.
+  std::u16string Apply(std::u16string_view text, bool typeableNa = false) const;
 
   size_t size() const { return words_.size(); }
   const std::vector<size_t>& badLines() const { return badLines_; }
 
  private:
-  std::unordered_map<std::u16string, std::u16string> words_;
+  struct Spelling {
+    std::u16string latin;
+    bool needsTypeableNa = false;
+  };
+  std::unordered_map<std::u16string, Spelling> words_;
   std::vector<size_t> badLines_;
 };
 

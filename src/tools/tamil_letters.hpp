@@ -23,6 +23,7 @@ struct TamilLetter {
 struct LetterOptions {
   bool numerals = false;  // Tamil digits and ten/hundred/thousand as Arabic numerals
   bool signs = false;     // day/month/year and clerical signs as English words
+  bool typeableNa = false;  // see ReverseOptions::typeableNa
 };
 
 // Cuts `word` into letters. Precomposed and two-part vowel signs (ெ + ா, ே + ா, ெ + ௗ) are both

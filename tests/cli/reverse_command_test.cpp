@@ -39,6 +39,8 @@ TEST(ReverseCommand, OptionsFollowTheWindowsChoices) {
   EXPECT_EQ(Reverse({"--keep-graves"}, "`அது` அது").out, "`அது` adhu");
   EXPECT_EQ(Reverse({"--keep-graves", "--remove-graves"}, "`அது` அது").out, "அது adhu");
   EXPECT_EQ(Reverse({"--lower"}, "வணக்கம்").out, "vanakkam");
+  EXPECT_EQ(Reverse({}, "நான் வந்தேன்").out, "naan vandhEn");
+  EXPECT_EQ(Reverse({"--typeable"}, "நான் வந்தேன்").out, "waan vandhEn");
   const ReverseRun counts = Reverse({"--counts"}, "அது");
   EXPECT_EQ(counts.err, "Input characters  = 3\r\nOutput characters = 4\n");
 }

@@ -47,6 +47,17 @@ TEST(ReverseTransliteration, TableSpellingsWhereNoContextRuleApplies) {
   EXPECT_EQ(Reverse("ம மா மி மீ மு மூ மெ மே மை மொ மோ மௌ ம்"), "ma maa mi mee mu moo me mE mai mo mO mow m");
 }
 
+TEST(ReverseTransliteration, TypeableNaSpellsNaByItsKey) {
+  ReverseOptions typeable;
+  typeable.typeableNa = true;
+  EXPECT_EQ(Reverse("நான் வந்தான் பொருநன் அந்நியன்", typeable), "waan vandhaan poruwan awwiyan");
+  EXPECT_EQ(Reverse("பெட்ரோல்"), "pedrOl");  // "tr" would type ற்ற
+  // A listed word that holds ந is left to the letter rules, which keep it typeable.
+  const auto words = ReverseWordList::Parse(u"நதி nathi\r\nகதை kathai\r\n");
+  EXPECT_EQ(Reverse("நதி கதை", typeable, words), "wadhi kathai");
+  EXPECT_EQ(Reverse("நதி கதை", {}, words), "nathi kathai");
+}
+
 TEST(ReverseTransliteration, TwoPartVowelSignsReadLikePrecomposedOnes) {
   EXPECT_EQ(Reverse("\u0BAE\u0BC6\u0BBE \u0BAE\u0BC7\u0BBE \u0BAE\u0BC6\u0BD7"), "mo mO mow");
   EXPECT_EQ(Reverse("\u0BAE\u0BCA \u0BAE\u0BCB \u0BAE\u0BCC"), "mo mO mow");
