@@ -20,6 +20,12 @@ fail() {
 # The Windows name of a Unix path (Wine maps Z: to /).
 winpath() { local p; p=$(realpath -m "$1"); echo "Z:${p//\//\\}"; }
 
+repeat_to_length() {  # TEXT LENGTH
+  local text=""
+  while [ ${#text} -lt "$2" ]; do text+=$1; done
+  printf '%s' "${text:0:$2}"
+}
+
 wait_for_file() {  # FILE SECONDS
   local deadline=$((SECONDS + $2))
   while [ ! -s "$1" ]; do
@@ -39,17 +45,32 @@ start_target() {
 
 # Starts Quilom++.exe with the test switches; extra arguments are passed on.
 start_quilom() {
-  rm -f "$WORK/quilom.ready"
-  wine "$QUILOM_EXE" --ready-file "$(winpath "$WORK/quilom.ready")" --exit-when "$(winpath "$WORK/stop")" "$@" \
+  rm -f "$WORK/quilom.state"
+  wine "$QUILOM_EXE" --state-file "$(winpath "$WORK/quilom.state")" --exit-when "$(winpath "$WORK/stop")" "$@" \
     </dev/null >"$WORK/quilom.out" 2>&1 &
   QUILOM_PID=$!
   PIDS+=("$QUILOM_PID")
-  wait_for_file "$WORK/quilom.ready" 30 || fail "Quilom++ did not get ready"
+  wait_for_file "$WORK/quilom.state" 30 || fail "Quilom++ did not get ready"
   QUILOM_WID=$(timeout 20 xdotool search --sync --onlyvisible --name '^Quilom\+\+ : Direct Tamil' | head -1)
   [ -n "$QUILOM_WID" ] || fail "the Quilom++ window was not found"
 }
 
-quilom_state() { cat "$WORK/quilom.ready" 2>/dev/null; }
+# One value of Quilom++'s state file: typing, active, iconic, button.
+quilom_state() { sed -n "s/^$1=//p" "$WORK/quilom.state" 2>/dev/null; }
+
+wait_for_state() {  # NAME VALUE SECONDS
+  local deadline=$((SECONDS + ${3:-10}))
+  while [ "$(quilom_state "$1")" != "$2" ]; do
+    [ $SECONDS -ge $deadline ] && return 1
+    sleep 0.05
+  done
+}
+
+click_start_stop() {
+  local button
+  button=$(quilom_state button)
+  click_window "$QUILOM_WID" "${button%,*}" "${button#*,}"
+}
 
 # A real click makes the window Wine's foreground window; focus alone does not.
 click_window() {  # WID X Y
@@ -74,7 +95,18 @@ expect_text() {  # EXPECTED [SECONDS]
   wait_for_text "$1" "${2:-10}" || fail "target text is '$(target_text)', expected '$1'"
 }
 
-screenshot() { import -window root "$SHOTS/$1.png" 2>/dev/null || echo "screenshot $1 failed" >&2; }
+screenshot() {
+  sleep 0.3  # let the last change be drawn
+  import -window root "$SHOTS/$1.png" 2>/dev/null || echo "screenshot $1 failed" >&2
+}
+
+# No Latin letter may reach the target as a character while Tamil is being typed: a key that
+# was both typed by the engine and passed on would show up here.
+expect_no_latin_characters() {
+  if grep -E '^CHAR 0x00(4[1-9A-F]|5[0-9A]|6[1-9A-F]|7[0-9A])' "$WORK/keys.log" >/dev/null; then
+    fail "Latin characters reached the target: $(grep -cE '^CHAR 0x00[4-7]' "$WORK/keys.log")"
+  fi
+}
 
 stop_programs() {
   touch "$WORK/stop"

@@ -1,6 +1,7 @@
 #!/bin/bash
 # One Xvfb display and one private Wine prefix shared by every end-to-end test of a CTest run.
-#   wine_session.sh start SESSION_DIR    creates both; writes SESSION_DIR/env.sh
+#   wine_session.sh start SESSION_DIR [EXE]  creates both; writes SESSION_DIR/env.sh. With EXE
+#                                            given and missing, starts nothing (the tests skip).
 #   wine_session.sh stop SESSION_DIR     ends the Wine server and the display
 # Only the processes started here are ever stopped (by their recorded ids).
 set -euo pipefail
@@ -54,7 +55,13 @@ stop_quietly() {
 }
 
 case $action in
-  start) start ;;
+  start)
+    if [ -n "${3:-}" ] && [ ! -f "$3" ]; then
+      stop_quietly
+      echo "No Wine session: $3 is missing, so the end-to-end tests will be skipped."
+      exit 0
+    fi
+    start ;;
   stop) stop_quietly; echo "Wine session stopped" ;;
   *) echo "usage: $0 start|stop SESSION_DIR" >&2; exit 2 ;;
 esac

@@ -79,7 +79,8 @@ bool BelovedOska::Show(int showCommand) {
   Load();
   ShowWindow(window_, showCommand);
   UpdateWindow(window_);
-  WriteReadyFile();
+  loaded_ = true;
+  WriteStateFile();
   return true;
 }
 
@@ -110,6 +111,10 @@ LRESULT BelovedOska::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_TIMER:
       OnTimer(wParam);
       return 0;
+    case WM_ACTIVATE:
+    case WM_SIZE:
+      WriteStateFile();
+      return DefWindowProcW(window_, message, wParam, lParam);
     case WM_CLOSE:
       Close();
       return 0;
@@ -184,6 +189,7 @@ void BelovedOska::OnCommand(int id, int code) {
 void BelovedOska::StartStopGlobalTyping() {
   front_.ToggleTyping();
   ShowTypingState();
+  WriteStateFile();
 }
 
 void BelovedOska::ShowTypingState() {
@@ -213,15 +219,23 @@ void BelovedOska::Close() {
   DestroyWindow(window_);
 }
 
-void BelovedOska::WriteReadyFile() const {
-  if (options_.readyFile.empty()) return;
-  const auto temporary = std::filesystem::path(options_.readyFile).concat(L".tmp");
+void BelovedOska::WriteStateFile() const {
+  if (options_.stateFile.empty() || !loaded_) return;
+  RECT windowRect{};
+  RECT buttonRect{};
+  GetWindowRect(window_, &windowRect);
+  GetWindowRect(startStop_, &buttonRect);
+  const auto temporary = std::filesystem::path(options_.stateFile).concat(L".tmp");
   {
     std::ofstream file(temporary, std::ios::binary);
-    file << (front_.TypingOn() ? "typing-on\n" : "typing-off\n");
+    file << "typing=" << (front_.TypingOn() ? "on" : "off") << "\n"
+         << "active=" << (GetForegroundWindow() == window_ ? 1 : 0) << "\n"
+         << "iconic=" << (IsIconic(window_) ? 1 : 0) << "\n"
+         << "button=" << (buttonRect.left + buttonRect.right) / 2 - windowRect.left << ","
+         << (buttonRect.top + buttonRect.bottom) / 2 - windowRect.top << "\n";
   }
   std::error_code error;
-  std::filesystem::rename(temporary, options_.readyFile, error);
+  std::filesystem::rename(temporary, options_.stateFile, error);
 }
 
 }  // namespace quilom::shell::win32

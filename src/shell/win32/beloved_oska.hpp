@@ -42,7 +42,7 @@ class BelovedOska {
   void OnTimer(UINT_PTR id);
   void OnCommand(int id, int code);
   void Close();
-  void WriteReadyFile() const;
+  void WriteStateFile() const;
 
   LaunchOptions options_;
   HWND window_ = nullptr;
@@ -65,6 +65,7 @@ class BelovedOska {
   LowLevelHookPlatform hookPlatform_;
   TypingFront front_;
   bool closing_ = false;
+  bool loaded_ = false;
 };
 
 }  // namespace quilom::shell::win32

@@ -11,8 +11,8 @@ LaunchOptions ParseLaunchOptions(const std::vector<std::wstring>& args) {
     const bool hasValue = i + 1 < args.size();
     if (args[i] == L"--start-typing") {
       options.startTyping = true;
-    } else if (args[i] == L"--ready-file" && hasValue) {
-      options.readyFile = args[++i];
+    } else if (args[i] == L"--state-file" && hasValue) {
+      options.stateFile = args[++i];
     } else if (args[i] == L"--exit-when" && hasValue) {
       options.exitWhen = args[++i];
     }

@@ -7,14 +7,17 @@
 // The program takes no arguments from users. These switches exist for the end-to-end tests,
 // which drive the real program under a script:
 //   --start-typing      switch typing on at the end of the main window's load
-//   --ready-file PATH   write PATH once the window is up and its hooks are installed
+//   --state-file PATH   write PATH once the window is up and its hooks are installed, and again
+//                       whenever typing is switched or the window is activated, minimised or
+//                       restored (lines "typing=on|off", "active=1|0", "iconic=1|0" and
+//                       "button=X,Y", the start/stop button's centre from the window's corner)
 //   --exit-when PATH    close the program (hooks removed first) when PATH appears
 // Unknown words are ignored, so a stray argument never stops the program from starting.
 namespace quilom::shell::win32 {
 
 struct LaunchOptions {
   bool startTyping = false;
-  std::filesystem::path readyFile;
+  std::filesystem::path stateFile;
   std::filesystem::path exitWhen;
 };
 

@@ -1,0 +1,10 @@
+# 200 keys with no delay at all arrive complete and in order.
+keys=$(repeat_to_length 'kadaikku pOnEn ammaa ' 200)
+printf '%s' "$keys" >"$WORK/keys.txt"
+expected=$("$EXPECTED_TYPING" "$DATA_ROOT" "$WORK/keys.txt")
+start_target
+start_quilom --start-typing
+click_target
+xdotool type --delay 0 --file "$WORK/keys.txt"
+expect_text "$expected" 20
+expect_no_latin_characters
