@@ -6,7 +6,6 @@
 #include "support/recording_reporter.hpp"
 #include "support/temp_folder.hpp"
 #include "text/utf.hpp"
-#include "tools/reverse_tables.hpp"
 #include "tools/reverse_transliteration.hpp"
 
 namespace quilom::tools {
@@ -102,16 +101,6 @@ TEST(ReverseTransliteration, SignsOnlyWhenAsked) {
   EXPECT_EQ(Reverse("௧", signs), "௧");  // signs leave numerals alone
 }
 
-TEST(ReverseTransliteration, TablesAreParallel) {
-  const auto& tables = Tables();
-  EXPECT_EQ(text::Utf16ToUtf8(std::u16string(tables.Dead(22).tamil)), "க்ஷ்");
-  EXPECT_EQ(text::Utf16ToUtf8(std::u16string(tables.Dead(22).latin)), "ksh");
-  EXPECT_EQ(text::Utf16ToUtf8(std::u16string(tables.Syllable(1, 0).latin)), "ka");
-  EXPECT_EQ(text::Utf16ToUtf8(std::u16string(tables.Syllable(12, 23).tamil)), "ஶௌ");
-  EXPECT_EQ(text::Utf16ToUtf8(std::u16string(tables.Syllable(12, 23).latin)), "Ssow");
-  EXPECT_EQ(text::Utf16ToUtf8(std::u16string(tables.Syllable(4, 17).tamil)), "னீ");
-}
-
 ReverseWordList Words(const char* lines) { return ReverseWordList::Parse(text::Utf8ToUtf16(lines)); }
 
 TEST(ReverseWordList, WordsMatchOnlyBetweenBoundaries) {
@@ -175,16 +164,6 @@ TEST(ReverseProgress, EveryWordIsReportedOnceInOrder) {
   ReverseTransliterate(u"one  இரண்டு\r\n`kept text` மூன்று", keep, {},
                        [&](size_t index, size_t count) { calls.emplace_back(index, count); });
   EXPECT_EQ(calls, (std::vector<std::pair<size_t, size_t>>{{0, 3}, {1, 3}, {2, 3}}));
-}
-
-TEST(ReverseSample, ShippedSampleConverts) {
-  const std::u16string sample = LoadReverseSample(testing::SourceDataRoot() / "Indic Direct Typer");
-  ASSERT_FALSE(sample.empty());
-  ReverseOptions all{true, true, false};
-  const std::string latin = text::Utf16ToUtf8(ReverseTransliterate(sample, all, {}));
-  EXPECT_EQ(latin.rfind("thamizh oru", 0), 0u) << latin;
-  EXPECT_NE(latin.find("12"), std::string::npos);
-  EXPECT_NE(latin.find("rupee"), std::string::npos);
 }
 
 }  // namespace

@@ -144,13 +144,5 @@ TEST_F(UrlNormalizerSettings, MissingKeyIsReportedAndLeftClear) {
   EXPECT_TRUE(reporter->HasTag(u"urln-load"));
 }
 
-TEST(UrlNormalizerShippedSettings, HoldTheThreeKeys) {
-  const auto folder = testing::SourceDataRoot() / "URL Normalizer";
-  if (!std::filesystem::exists(folder / "Settings.txt")) GTEST_SKIP() << "no shipped URL Normalizer settings yet";
-  testing::ScopedRecordingReporter reporter;
-  LoadUrlNormalizerOptions(settings::ToolSettings(folder, u"UV - GsUv", u"UV - WsUv"));
-  EXPECT_TRUE(reporter->messages.empty());
-}
-
 }  // namespace
 }  // namespace quilom::tools
