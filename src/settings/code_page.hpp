@@ -25,6 +25,8 @@ class CodePage {
 
 std::shared_ptr<const CodePage> Windows1252();
 
+// The reference stays valid while the page is installed, and after that while the shared
+// pointer that SetSystemCodePage returned for it is kept.
 const CodePage& SystemCodePage();
 // Returns the previous code page.
 std::shared_ptr<const CodePage> SetSystemCodePage(std::shared_ptr<const CodePage> codePage);

@@ -10,7 +10,9 @@ DataFolders DataFolders::ForProgramFolder(const std::filesystem::path& programFo
   return folders;
 }
 
-DataFolders DataFolders::ForDataRoot(const std::filesystem::path& dataRoot) {
+DataFolders DataFolders::ForDataRoot(const std::filesystem::path& givenRoot) {
+  // "--data DIR/" names the same folder as "--data DIR"; its parent is the program folder.
+  const std::filesystem::path dataRoot = givenRoot.has_filename() ? givenRoot : givenRoot.parent_path();
   DataFolders folders;
   folders.programFolder = dataRoot.parent_path();
   folders.dataRoot = dataRoot;

@@ -3,9 +3,11 @@
 #include <filesystem>
 #include <functional>
 
-// The path under which a file is opened for reading. On Windows the program installs a
-// function that asks the system for the 8.3 short form, so that folder names outside the system
-// code page still open with narrow-character APIs; the portable core needs no such detour.
+// The path under which a file is opened for reading. The core opens files through wide-character
+// paths, so names outside the system code page open without help, on Windows too; the default
+// therefore hands the path back unchanged. The Windows program may install a function built on
+// GetShortPathNameW (into a 260-character buffer, cut to the length returned) for the places that
+// still pass paths to narrow-character interfaces; tests install one to observe or fail reads.
 namespace quilom::settings {
 
 // Returns the short form of an existing path, or an empty path when there is none (the file

@@ -26,6 +26,10 @@ enum class TextEncoding : int {
 // The result-mode argument keeps the original calling convention: when `resultMode` is
 // non-empty the text is returned; when it is empty the text is stored into `resultMode` and
 // the return value is empty.
+//
+// Decisions of this implementation: invalid UTF-8 decodes to U+FFFD, one per bad sequence, so
+// damage stays visible; an FF FE file with an odd byte count keeps its last byte as U+FFFD (only
+// the big-endian case is an error); files are opened through ShortPathOf (short_path.hpp).
 std::u16string ReadTextFile(const std::filesystem::path& path, std::u16string& resultMode, TextEncoding& encoding,
                             bool detectUtf8, bool normaliseNewlines);
 
@@ -35,7 +39,9 @@ std::u16string ReadTextFile(const std::filesystem::path& path);
 // Replaces the file's contents with `text` in the encoding of `encodingCode` (1 to 5); any other
 // code leaves a 0-byte file. The new contents are written to a temporary file beside the target
 // and then moved over it, so a failure mid-way leaves the previous file whole. Reports
-// "WT-File" and returns false on failure.
+// "WT-File" and returns false on failure. The new file keeps the old one's permissions; a file
+// marked read-only is not replaced (reported), and a symbolic link keeps pointing at the file
+// it named, whose contents are replaced.
 bool WriteTextFile(const std::filesystem::path& path, std::u16string_view text, int encodingCode);
 
 // The permissive UTF-8 test of the file reader: five- and six-byte forms pass, overlong forms

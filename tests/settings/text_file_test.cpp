@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <string>
 
+#include "settings/short_path.hpp"
 #include "settings/text_codec.hpp"
 #include "support/recording_reporter.hpp"
 #include "support/temp_folder.hpp"
@@ -217,6 +218,22 @@ TEST(ReadTextFile, AnOddBigEndianFileIsReportedButAnOddLittleEndianOneKeepsItsLa
   WriteBytes(folder / "le.txt", std::string("\xFF\xFE" "A\0B", 5));
   EXPECT_EQ(Read(folder / "le.txt").text, u"A\uFFFD");
   EXPECT_EQ(reports->messages.size(), 1u);
+}
+
+TEST(ReadTextFile, OpensFilesThroughTheInstalledShortPathFunction) {
+  ScopedRecordingReporter reports;
+  TempFolder folder;
+  WriteBytes(folder / "short.txt", "from the short path");
+  const auto previous = SetShortPathFunction([&](const std::filesystem::path& path) {
+    return path.filename() == "long name.txt" ? folder / "short.txt" : std::filesystem::path();
+  });
+  EXPECT_EQ(ReadTextFile(folder / "long name.txt"), u"from the short path");
+  // No short form (the system refused) is a read failure like a missing file.
+  WriteBytes(folder / "other.txt", "x");
+  EXPECT_EQ(ReadTextFile(folder / "other.txt"), u"");
+  EXPECT_TRUE(reports->HasTag(RfTag(folder / "other.txt")));
+  SetShortPathFunction(previous);
+  EXPECT_EQ(ReadTextFile(folder / "other.txt"), u"x");
 }
 
 TEST(IsValidUtf8, FollowsThePermissiveReaderRules) {

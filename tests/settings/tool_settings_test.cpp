@@ -124,6 +124,9 @@ TEST(ToolSettingsFor, BindsEachWindowToItsFolderAndTags) {
             std::filesystem::path("/opt/q/Sorvin/Tamil Fonts Converter/Settings.txt"));
   EXPECT_EQ(folders.keymapFolder, std::filesystem::path("/opt/q/Sorvin/Indic Direct Typer/qmLFKs-txts-xmls"));
   EXPECT_EQ(folders.sharedDataFolder, std::filesystem::path("/opt/q/Sorvin/pelandr"));
+  const auto fromRoot = DataFolders::ForDataRoot("/opt/q/Sorvin/");
+  EXPECT_EQ(fromRoot.programFolder, std::filesystem::path("/opt/q"));
+  EXPECT_EQ(fromRoot.mainDataFolder, folders.mainDataFolder);
 }
 
 }  // namespace
