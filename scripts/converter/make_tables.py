@@ -141,6 +141,31 @@ def Unescape(legacy):
     return ''.join(out)
 
 
+# Mappings the facts get wrong, by facts file: (legacy, wrong Unicode, right Unicode or None to
+# drop the line). Each was found by the round trip of real words and checked against the
+# encoding's other lines.
+FIXES = {
+    # Like Bamini, 'h' is the ா glyph and ';' the pulli; the facts give them as பா and ப்.
+    'dinakaran': [('h', '\u0baa\u0bbe', '\u0bbe'), (';', '\u0baa\u0bcd', '\u0bcd')],
+    # 'Ø' is the ெ prefix glyph (ØB is யெ, ØðV is ணொ), never ய; so ØBV is யொ.
+    'pallavar': [('\u00d8', '\u0baf', None), ('\u00d8BV', '\u0baf', '\u0baf\u0bca')],
+}
+
+
+def ApplyFixes(name, rows, notes):
+    fixed = []
+    for legacy, uni in rows:
+        for wrongLegacy, wrongUni, right in FIXES.get(name, []):
+            if legacy == wrongLegacy and uni == wrongUni:
+                notes.append('fixed the facts: %r was given as %s (%s), is %s' % (
+                    legacy, wrongUni, Hex(wrongUni), 'no syllable' if right is None else '%s (%s)' % (right, Hex(right))))
+                uni = right
+                break
+        if uni is not None:
+            fixed.append((legacy, uni))
+    return fixed
+
+
 def ReadFacts(factsDir, name):
     rows = []
     with open(os.path.join(factsDir, name + '.tsv'), encoding='utf-8') as f:
@@ -210,6 +235,22 @@ class Encoding:
         # pairs made, stay last in their order.
         direct = sorted((p for p in pairs if not IsTamil(p[0])), key=lambda p: -len(p[0]))
         repairs = [p for p in pairs if IsTamil(p[0])]
+        # The separate forms of ர், ரி, ரீ go first: in several fonts their first glyph is the
+        # ா glyph, so a longer pair such as "prefix sign + ப + ா" (பொ) would otherwise eat it
+        # out of "prefix sign + ப" followed by ரி. A ா glyph followed by a vowel sign or pulli
+        # is never ா, so nothing else is lost.
+        plainRa = set(l for l, u in pairs if u == RA)
+        special = [p for p in direct if p[1] in IR_RI_REE and not any(p[0].startswith(r) for r in plainRa)]
+        # Likewise where the ௌ length mark is the ள glyph: ள with a vowel sign after it is
+        # never the length mark, so those pairs go before the ௌ syllables (வெளி, not வௌ + ி).
+        # ளொ and ளோ come before ளா, which holds their tail.
+        auMarks = set(f[-1] for f, u in pairs if u.endswith('\u0bcc') and len(f) > 1)
+        laGlyphs = set(f for f, u in pairs if u == '\u0bb3')
+        if auMarks & laGlyphs:
+            for ending in ('\u0bca\u0bcb', '\u0bbe\u0bbf\u0bc0\u0bc1\u0bc2\u0bcd'):
+                special += [p for p in direct if p not in special and len(p[1]) == 2 and p[1][0] == '\u0bb3'
+                            and p[1][1] in ending]
+        direct = special + [p for p in direct if p not in special]
         return self._MoveReusedOutputsLast(direct + repairs)
 
     def _MoveReusedOutputsLast(self, pairs):
@@ -274,18 +315,15 @@ class Encoding:
     def ToLegacyPairs(self, irRiRee):
         pairs = list(RECOMPOSE)
         units = Syllables() + [u for u in self.candidates if IsTamil(u) and u not in Syllables()]
-        missing = []
         chosen = []
         for order, unit in enumerate(units):
             legacy = self.LegacyFor(unit, irRiRee)
             if legacy is None:
-                if unit in Syllables():
-                    missing.append(unit)
                 continue
             chosen.append((-len(unit), order, unit, legacy))
         chosen.sort()
         pairs += [(unit, legacy) for _, _, unit, legacy in chosen]
-        return pairs, missing
+        return pairs
 
 
 def NormalQuotePairs(encoding):
@@ -298,12 +336,12 @@ def NormalQuotePairs(encoding):
 
 
 def RoundTripFailures(encoding, toLegacy):
+    """Syllables the whole table leaves (partly) in Tamil, or that do not come back. A syllable
+    with no glyph of its own may still be carried by its parts (க்ஷ as க் and ஷ)."""
     failures = []
     for syllable in Syllables():
         legacy = ReplaceAllInOrder(syllable, toLegacy)
-        if IsTamil(legacy):
-            continue  # not carried at all: reported as missing
-        if encoding.Decode(legacy) != syllable:
+        if IsTamil(legacy) or encoding.Decode(legacy) != syllable:
             failures.append(syllable)
     return failures
 
@@ -334,18 +372,22 @@ def main():
              '']
     quoteLines = []
     for position, (name, facts, _, _) in enumerate(ENCODINGS, start=1):
-        rows = ReadFacts(args.facts, facts)
+        fixNotes = []
+        rows = ApplyFixes(facts, ReadFacts(args.facts, facts), fixNotes)
         if facts == 'tscii':
             rows += TsciiAlternatives(rows)
         encoding = Encoding(name, rows)
+        encoding.notes += fixNotes
         normal = encoding.toUnicode + NormalQuotePairs(encoding)
         WriteUtf16(os.path.join(tablesDir, '%d.txt' % (100 + position)), TableText(normal))
         WriteUtf16(os.path.join(tablesDir, '%d.txt' % (151 + position)), TableText(encoding.toUnicode))
         problems = []
         for base, irRiRee in ((202, True), (253, False)):
-            pairs, missing = encoding.ToLegacyPairs(irRiRee)
+            pairs = encoding.ToLegacyPairs(irRiRee)
             WriteUtf16(os.path.join(tablesDir, '%d.txt' % (base + position)), TableText(pairs))
-            problems = missing + [s for s in RoundTripFailures(encoding, pairs) if s not in missing]
+            for syllable in RoundTripFailures(encoding, pairs):
+                if syllable not in problems:
+                    problems.append(syllable)
         quoteLines.append('     '.join(encoding.quotes))
         notes.append('%s (list position %d, tables %d, %d, %d, %d):' % (name, position, 100 + position,
                                                                         151 + position, 202 + position,

@@ -4,7 +4,7 @@
 // Plain text comes in any of the text-file forms (UTF-8 or UTF-16 with a mark, UTF-8, or legacy
 // bytes) and goes out as UTF-8 for Unicode, or as legacy bytes (the Windows-1252 bytes of the
 // legacy glyph codes) for a legacy encoding; Tace and Stmzh keep their Private Use Area codes in
-// UTF-8. A legacy-to-legacy request is made in two runs through Unicode. Word-processor
+// UTF-8, as does any output with a character no Windows-1252 byte shows. A legacy-to-legacy request is made in two runs through Unicode. Word-processor
 // documents go through a document backend chosen by the file's extension.
 
 #include <chrono>
@@ -126,6 +126,9 @@ bool RunSteps(CommandContext& ctx, const EncodingList& list, const Options& opti
   return true;
 }
 
+// Legacy text goes out as its Windows-1252 bytes; text with a character no such byte shows
+// (Private Use Area glyph codes, the Mac-era codes of some encodings, text the table does not
+// cover) goes out whole as UTF-8 instead, so that nothing is lost.
 std::string EncodeOutput(CommandContext& ctx, const Options& options, const std::u16string& text) {
   if (options.to == 0 || UsesPrivateUseGlyphs(options.toName)) {
     return text::Utf16ToUtf8(text);
@@ -134,7 +137,8 @@ std::string EncodeOutput(CommandContext& ctx, const Options& options, const std:
   std::string bytes = TextToLegacyBytes(text, unencodable);
   if (unencodable > 0) {
     ctx.err << "quilom convert: " << unencodable
-            << " character(s) have no legacy byte (text the table does not cover) and were written as '?'\n";
+            << " character(s) have no Windows-1252 byte; the output is written as UTF-8\n";
+    return text::Utf16ToUtf8(text);
   }
   return bytes;
 }

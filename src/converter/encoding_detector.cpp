@@ -15,6 +15,7 @@ constexpr double kVowelInsideWord = 2.0;
 constexpr double kUnlikelyOpening = 0.7;
 constexpr double kMixedScript = 2.0;
 constexpr double kLeftover = 1.5;
+constexpr double kBadCluster = 1.0;
 // How sharply a score lead turns into confidence, per letter of the text.
 constexpr double kSharpness = 0.6;
 
@@ -33,6 +34,52 @@ bool IsPlainPunctuation(char16_t ch) {
 // Letters that open no native Tamil word.
 bool IsUnlikelyOpening(char16_t ch) {
   return std::u16string_view(u"\u0B99\u0B9E\u0BA3\u0BA9\u0BB4\u0BB3\u0BB1\u0B9F").find(ch) != std::u16string_view::npos;
+}
+
+constexpr char16_t kPulli = 0x0BCD;
+
+bool IsGrantha(char16_t ch) { return ch == 0x0B9C || (ch >= 0x0BB6 && ch <= 0x0BB9); }
+
+// The consonants a native word lets follow a dead consonant, and whether it may end a word.
+struct ClusterRule {
+  char16_t dead;
+  std::u16string_view next;
+  bool mayEndWord;
+};
+
+constexpr ClusterRule kClusterRules[] = {
+    {u'க', u"க", false},        {u'ங', u"க", false},          {u'ச', u"ச", false},
+    {u'ஞ', u"சஞ", false},       {u'ட', u"டகசப", false},       {u'ண', u"டணகசபமயவ", true},
+    {u'த', u"த", false},        {u'ந', u"தந", false},         {u'ப', u"ப", false},
+    {u'ம', u"பமகசதநயவ", true},  {u'ய', u"", true},            {u'ர', u"", true},
+    {u'ழ', u"", true},          {u'ல', u"கசபலயவம", true},     {u'ள', u"கசபளயவம", true},
+    {u'வ', u"வ", false},        {u'ற', u"றகசப", false},       {u'ன', u"றனகசபமயவத", true},
+};
+
+// Penalty for the dead consonant at `i` (a consonant with pulli) by what follows it. An empty
+// `next` list lets any consonant follow.
+double ClusterPenalty(std::u16string_view word, std::size_t i) {
+  const char16_t dead = word[i];
+  const std::size_t after = i + 2;
+  if (IsGrantha(dead) || (after < word.size() && IsGrantha(word[after]))) return 0;
+  for (const ClusterRule& rule : kClusterRules) {
+    if (rule.dead != dead) continue;
+    if (after >= word.size() || !IsTamil(word[after])) return rule.mayEndWord ? 0 : kBadCluster;
+    if (!IsConsonant(word[after])) return kBadCluster;
+    return rule.next.empty() || rule.next.find(word[after]) != std::u16string_view::npos ? 0 : kBadCluster;
+  }
+  return 0;
+}
+
+// Word-initial vowels that native words seldom open with.
+double RareVowelPenalty(char16_t vowel) {
+  switch (vowel) {
+    case u'ஈ': case u'ஊ': return 0.5;
+    case u'ஔ': return 1.0;
+    case u'ஓ': return 0.3;
+    case u'ஐ': return 0.2;
+    default: return 0;
+  }
 }
 
 struct WordScore {
@@ -59,8 +106,10 @@ void ScoreWord(std::u16string_view word, WordScore& score) {
     score.tamil += 1;
     if (IsSign(ch) && !IsConsonant(before)) score.penalty += kBrokenSign;
     if (IsVowel(ch) && IsTamil(before)) score.penalty += kVowelInsideWord;
-    if (ch == 0x0B83 && !(i + 1 < word.size() && IsConsonant(word[i + 1]))) score.penalty += kBrokenSign;
     const bool opening = !IsTamil(before);
+    if (ch == 0x0B83 && (opening || !(i + 1 < word.size() && IsConsonant(word[i + 1])))) score.penalty += kBrokenSign;
+    if (IsConsonant(ch) && i + 1 < word.size() && word[i + 1] == kPulli) score.penalty += ClusterPenalty(word, i);
+    if (opening && IsVowel(ch)) score.penalty += RareVowelPenalty(ch);
     if (opening && IsUnlikelyOpening(ch)) score.penalty += kUnlikelyOpening;
     if (opening && IsConsonant(ch) && i + 1 < word.size() && word[i + 1] == 0x0BCD) score.penalty += kUnlikelyOpening;
   }

@@ -44,7 +44,7 @@ LegacyQuoteLists FillLegacyQuotes(std::u16string_view quotesFileText, int toPosi
   lists.inArial.items = lists.inLegacyFont.items;
   const std::u16string tip = std::u16string(kLegacyQuotesTip) + u" (" + std::u16string(legacyFontName) + u")";
   lists.inLegacyFont.tooltip = tip;
-  lists.inArial.tooltip = tip + u" (" + std::u16string(legacyFontName) + u") but displayed in Arial font";
+  lists.inArial.tooltip = tip + u" but displayed in Arial font";
   return lists;
 }
 

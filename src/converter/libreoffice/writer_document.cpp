@@ -63,7 +63,6 @@ Reference<css::frame::XModel> LoadDocument(const Reference<css::frame::XDesktop2
   }
   const css::beans::PropertyValue options[] = {
       Property(u"Hidden", Any(true)),
-      Property(u"ReadOnly", Any(true)),  // the input is never written; copies are stored elsewhere
       Property(u"MacroExecutionMode", Any(sal_Int16(0))),  // NEVER_EXECUTE
   };
   try {

@@ -113,6 +113,7 @@ bool WriterEditor::ReplaceAll(std::u16string_view findText, std::u16string_view 
     }
     leftovers_.Note(search.fontProperty, search.fontName, findFont_, find);
     ReplaceAllInFont(document_, search, replace, replacementFont_);
+    ReplaceMissedOccurrences(search, replace);
     return true;
   } catch (const css::uno::Exception& e) {
     Fail(DetailsOf(e, kSource));
@@ -141,6 +142,30 @@ bool WriterEditor::ReplaceInSelectionWithoutFont(const std::u16string& findText,
     }
   }
   return true;
+}
+
+void WriterEditor::ReplaceMissedOccurrences(const FontSearch& search, const std::u16string& replacement) {
+  // Text in the replacement font is never found again by a search in the find font, so a
+  // second look for the pair cannot replace text that this pair inserted.
+  if (search.fontName.empty() || replacementFont_.empty() || replacementFont_ == search.fontName) return;
+  FontSearch anyFont = search;
+  anyFont.fontName.clear();
+  const Reference<css::container::XIndexAccess> found = FindAllInFont(document_, anyFont);
+  const rtl::OUString property = ToOUString(search.fontProperty);
+  const rtl::OUString fontName = ToOUString(search.fontName);
+  for (sal_Int32 i = 0; found.is() && i < found->getCount(); ++i) {
+    const Reference<css::text::XTextRange> range(found->getByIndex(i), UNO_QUERY);
+    const Reference<css::beans::XPropertySet> properties(range, UNO_QUERY);
+    if (!range.is() || !properties.is()) continue;
+    rtl::OUString font;
+    // A range over several fonts has no single value and is not in the find font.
+    if (!(properties->getPropertyValue(property) >>= font) || font != fontName) continue;
+    range->setString(ToOUString(replacement));
+    const Any newFont(ToOUString(replacementFont_));
+    properties->setPropertyValue(ToOUString(u"CharFontName"), newFont);
+    properties->setPropertyValue(ToOUString(u"CharFontNameComplex"), newFont);
+    properties->setPropertyValue(ToOUString(u"CharFontNameAsian"), newFont);
+  }
 }
 
 void WriterEditor::SetScreenUpdating(bool on) {

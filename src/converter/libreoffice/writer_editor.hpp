@@ -5,6 +5,7 @@
 #include <com/sun/star/frame/XModel.hpp>
 
 #include "converter/document_editor.hpp"
+#include "converter/libreoffice/font_search.hpp"
 #include "converter/libreoffice/leftover_check.hpp"
 #include "converter/libreoffice/run_markers.hpp"
 #include "converter/libreoffice/selection_tagger.hpp"
@@ -52,6 +53,7 @@ class WriterEditor final : public DocumentEditor {
 
  private:
   bool BeginRun();
+  void ReplaceMissedOccurrences(const FontSearch& search, const std::u16string& replacement);
   bool ReplaceInSelectionWithoutFont(const std::u16string& findText, const std::u16string& replacement);
   void Fail(const ErrorDetails& details);
 
