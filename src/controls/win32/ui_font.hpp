@@ -2,10 +2,19 @@
 
 #include <windows.h>
 
+#include <initializer_list>
+#include <string>
 #include <string_view>
 
 // A font owned for the life of a window, released when the owner goes.
 namespace quilom::controls {
+
+// The first of `faces` that is installed, else the last one (the system then substitutes).
+std::wstring FirstInstalledFace(std::initializer_list<std::wstring_view> faces);
+
+// Tamil-capable faces, best first: the Windows UI font for Indic scripts (it has Latin too),
+// the older Windows Tamil font, then the common free fonts.
+std::wstring TamilFace();
 
 class UiFont {
  public:

@@ -50,8 +50,8 @@ BelovedOska::BelovedOska(LaunchOptions options)
     : options_(std::move(options)),
       uiFont_(L"Segoe UI", 10),
       titleFont_(L"Segoe UI", 13, true),
-      tamilFont_(L"Lohit Tamil", 14),
-      exampleFont_(L"Lohit Tamil", 12),
+      tamilFont_(controls::TamilFace(), 14),
+      exampleFont_(controls::TamilFace(), 12),
       output_(submitter_),
       engine_(output_),
       front_(engine_, keyState_, clock_, hookPlatform_) {}
@@ -132,12 +132,12 @@ void BelovedOska::CreateControls() {
   titleFont_.ApplyTo(title);
   HWND help = MakeChild(window_, L"STATIC",
                         L"Press the button below, then type Tamil in English letters (phonetic keymap) in any "
-                        L"program. For example:",
-                        SS_LEFT, 20, 50, 420, 40);
+                        L"program. For example, vaNakkam gives:",
+                        SS_LEFT, 20, 50, 440, 40);
   uiFont_.ApplyTo(help);
-  // The example has its own label in a Tamil font: the interface font may have no Tamil.
-  HWND example = MakeChild(window_, L"STATIC", L"vaNakkam - \x0BB5\x0BA3\x0B95\x0BCD\x0B95\x0BAE\x0BCD",
-                           SS_LEFT, 450, 50, 250, 40);
+  // The Tamil has its own label: the interface font may have no Tamil, a Tamil font no Latin.
+  HWND example = MakeChild(window_, L"STATIC", L"\x0BB5\x0BA3\x0B95\x0BCD\x0B95\x0BAE\x0BCD", SS_LEFT, 470, 62,
+                           220, 34);
   exampleFont_.ApplyTo(example);
   startStop_ = MakeChild(window_, L"BUTTON", L"", BS_PUSHBUTTON | WS_TABSTOP, 20, 98, 260, 36, kStartStopId);
   uiFont_.ApplyTo(startStop_);
