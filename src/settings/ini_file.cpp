@@ -33,8 +33,8 @@ bool IsKeyLine(std::u16string_view line, std::u16string_view key) {
 
 // Where a key stands in the lines, and where a new one would go.
 struct IniPlace {
-  size_t keyLine = kNone;           // the first line of the key in the section
-  size_t lastContentLine = kNone;   // the last non-blank line of the section's first block
+  size_t keyLine = kNone;          // the first line of the key in the section
+  size_t lastContentLine = kNone;  // the last non-blank line of the section's first block
   bool sectionSeen = false;
 };
 

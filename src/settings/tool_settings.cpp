@@ -8,8 +8,9 @@ namespace quilom::settings {
 namespace {
 
 ErrorDetails NoValueLine(std::u16string_view source, std::u16string_view key) {
-  return ErrorDetails{9, std::u16string(source),
-                      u"The key line \"" + std::u16string(key) + u"\" is the last line of the file: it has no value line"};
+  return ErrorDetails{
+      9, std::u16string(source),
+      u"The key line \"" + std::u16string(key) + u"\" is the last line of the file: it has no value line"};
 }
 
 }  // namespace

@@ -48,9 +48,10 @@ TEST(SetIniValue, ChangesOnlyTheLineOfTheKey) {
 }
 
 TEST(SetIniValue, AddsNewKeysAtTheEndOfTheirSectionAndNewSectionsAtTheEnd) {
-  EXPECT_EQ(SetIniValue(kIni, u"General", u"New", u"x"),
-            u"top=0\r\n[General]\r\nStartQuilomSilently=1\r\n BalloonTipAtStartup = 0 \r\nurl=http://x/?a=b\r\nNew=x\r\n"
-            u"\r\n[Other]\r\nStartQuilomSilently=7\r\n");
+  EXPECT_EQ(
+      SetIniValue(kIni, u"General", u"New", u"x"),
+      u"top=0\r\n[General]\r\nStartQuilomSilently=1\r\n BalloonTipAtStartup = 0 \r\nurl=http://x/?a=b\r\nNew=x\r\n"
+      u"\r\n[Other]\r\nStartQuilomSilently=7\r\n");
   EXPECT_EQ(SetIniValue(kIni, u"Third", u"k", u"v"), kIni + u"\r\n[Third]\r\nk=v\r\n");
   EXPECT_EQ(SetIniValue(u"[A]\r\nx=1", u"B", u"k", u"v"), u"[A]\r\nx=1\r\n\r\n[B]\r\nk=v");
   EXPECT_EQ(SetIniValue(u"", u"A", u"k", u"v"), u"[A]\r\nk=v");

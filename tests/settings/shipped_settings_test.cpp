@@ -60,9 +60,14 @@ TEST(ShippedSettings, EveryWindowFindsEachOfItsKeysWithAValue) {
 }
 
 TEST(ShippedSettings, EveryModuleFolderHoldsAUtf16SettingsFileWithATitleAndCrLfOnly) {
-  const char16_t* modules[] = {u"Indic Direct Typer",  u"Unicode Viewer",      u"URL Normalizer",
-                               u"Tamil Fonts Converter", u"Sanskrit Tamil Colorizer", u"Auto Transliterator",
-                               u"Dual_Screen Transliterator", u"pelandr"};
+  const char16_t* modules[] = {u"Indic Direct Typer",
+                               u"Unicode Viewer",
+                               u"URL Normalizer",
+                               u"Tamil Fonts Converter",
+                               u"Sanskrit Tamil Colorizer",
+                               u"Auto Transliterator",
+                               u"Dual_Screen Transliterator",
+                               u"pelandr"};
   for (const char16_t* module : modules) {
     const auto file = kFolders.ModuleDataFolder(module) / "Settings.txt";
     SCOPED_TRACE(file.string());
@@ -108,11 +113,16 @@ TEST(ShippedSettings, TheTypingIniHoldsEveryKeyWithItsFactoryValue) {
     const char16_t* value;
   };
   const Row rows[] = {
-      {u"General", u"StartQuilomSilently", u"0"},      {u"General", u"OnCloseMinimizeQuilom", u"0"},
-      {u"General", u"StartQuilomMinimized", u"0"},     {u"General", u"BalloonTipAtStartup", u"1"},
-      {u"Tamil-Phonetics", u"ExcludeH", u"0"},         {u"Tamil-Phonetics", u"TamilNumeralsConversion", u"0"},
-      {u"Tamil-Net99", u"ConsecutiveAgaraUyirmeys", u"1"}, {u"OtherLangs-Phonetics", u"chCh", u"0"},
-      {u"OtherLangs-Phonetics", u"Classic", u"1"},     {u"OtherLangs-Any", u"UseMyOwnKeyboardLayout", u"0"},
+      {u"General", u"StartQuilomSilently", u"0"},
+      {u"General", u"OnCloseMinimizeQuilom", u"0"},
+      {u"General", u"StartQuilomMinimized", u"0"},
+      {u"General", u"BalloonTipAtStartup", u"1"},
+      {u"Tamil-Phonetics", u"ExcludeH", u"0"},
+      {u"Tamil-Phonetics", u"TamilNumeralsConversion", u"0"},
+      {u"Tamil-Net99", u"ConsecutiveAgaraUyirmeys", u"1"},
+      {u"OtherLangs-Phonetics", u"chCh", u"0"},
+      {u"OtherLangs-Phonetics", u"Classic", u"1"},
+      {u"OtherLangs-Any", u"UseMyOwnKeyboardLayout", u"0"},
   };
   ScopedRecordingReporter reports;
   const IniSettings ini(kFolders, kTypingSettingsIni);

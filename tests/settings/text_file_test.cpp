@@ -105,11 +105,22 @@ TEST(ReadTextFile, MarksAreTestedInOrderAndDecideTheEncoding) {
     TextEncoding encoding;
   };
   const Row rows[] = {
-      {"FF FE wins", std::string("\xFF\xFE" "A\0", 4), u"A", TextEncoding::Utf16LeBom},
+      {"FF FE wins",
+       std::string("\xFF\xFE"
+                   "A\0",
+                   4),
+       u"A", TextEncoding::Utf16LeBom},
       // FF FE FF FE: only the first mark is dropped; the second is text.
-      {"second mark is text", std::string("\xFF\xFE\xFF\xFE" "B\0", 6), u"\uFEFFB", TextEncoding::Utf16LeBom},
+      {"second mark is text",
+       std::string("\xFF\xFE\xFF\xFE"
+                   "B\0",
+                   6),
+       u"\uFEFFB", TextEncoding::Utf16LeBom},
       {"FE FF", std::string("\xFE\xFF\0C", 4), u"C", TextEncoding::Utf16BeBom},
-      {"EF BB BF", "\xEF\xBB\xBF" "D", u"D", TextEncoding::Utf8Bom},
+      {"EF BB BF",
+       "\xEF\xBB\xBF"
+       "D",
+       u"D", TextEncoding::Utf8Bom},
       {"no mark", "E\xC3\xA9", u"Eé", TextEncoding::Utf8NoBom},
       {"EF BB alone is no mark", "\xEF\xBB", u"\uFFFD", TextEncoding::Utf8NoBom},
       {"a lone FF", "\xFF", u"\uFFFD", TextEncoding::Utf8NoBom},
@@ -208,7 +219,9 @@ TEST(ReadTextFile, AnOddBigEndianFileIsReportedButAnOddLittleEndianOneKeepsItsLa
   EXPECT_EQ(be.text, u"");
   EXPECT_TRUE(reports->HasTag(RfTag(folder / "be.txt")));
 
-  WriteBytes(folder / "le.txt", std::string("\xFF\xFE" "A\0B", 5));
+  WriteBytes(folder / "le.txt", std::string("\xFF\xFE"
+                                            "A\0B",
+                                            5));
   EXPECT_EQ(Read(folder / "le.txt").text, u"A\uFFFD");
   EXPECT_EQ(reports->messages.size(), 1u);
 }
@@ -238,14 +251,14 @@ TEST(IsValidUtf8, FollowsThePermissiveReaderRules) {
       {"", true},
       {"\xC3\xA9", true},
       {"\xF0\x9F\x98\x80", true},
-      {"\xF8\x88\x80\x80\x80", true},       // five-byte form passes on purpose
-      {"\xFC\x84\x80\x80\x80\x80", true},   // six-byte form too
-      {"\xC0\x80", true},                   // overlong forms are not looked for
-      {"\xED\xA0\x80", true},               // nor surrogates
-      {"\xFE", true},                       // 254 and 255 announce nothing
-      {"\x80", false},                      // continuation where a character starts
-      {"\xC3", false},                      // runs past the end
-      {"\xC3\x41", false},                  // a follower outside 128-191
+      {"\xF8\x88\x80\x80\x80", true},      // five-byte form passes on purpose
+      {"\xFC\x84\x80\x80\x80\x80", true},  // six-byte form too
+      {"\xC0\x80", true},                  // overlong forms are not looked for
+      {"\xED\xA0\x80", true},              // nor surrogates
+      {"\xFE", true},                      // 254 and 255 announce nothing
+      {"\x80", false},                     // continuation where a character starts
+      {"\xC3", false},                     // runs past the end
+      {"\xC3\x41", false},                 // a follower outside 128-191
       {"\xF0\x9F\x98\xC0", false},
   };
   for (const Row& row : rows) {
@@ -269,8 +282,8 @@ class SaveFailure : public ::testing::Test {
   void SetUp() override { WriteBytes(file, old); }
 
   size_t FilesInFolder() const {
-    return static_cast<size_t>(std::distance(std::filesystem::directory_iterator(folder.path()),
-                                             std::filesystem::directory_iterator()));
+    return static_cast<size_t>(
+        std::distance(std::filesystem::directory_iterator(folder.path()), std::filesystem::directory_iterator()));
   }
 };
 

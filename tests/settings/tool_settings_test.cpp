@@ -106,8 +106,8 @@ TEST_F(ToolSettingsTest, TheOnePassLoaderAppliesKnownKeysInFileOrder) {
 TEST_F(ToolSettingsTest, TheOnePassLoaderStopsAtAKnownKeyWithoutAValue) {
   Ship(u"t\r\n`````A\r\n1\r\n`````B");
   int calls = 0;
-  settings.LoadToolSettings({{u"A", [&](const std::u16string&) { ++calls; }},
-                             {u"B", [&](const std::u16string&) { ++calls; }}});
+  settings.LoadToolSettings(
+      {{u"A", [&](const std::u16string&) { ++calls; }}, {u"B", [&](const std::u16string&) { ++calls; }}});
   EXPECT_EQ(calls, 1);
   EXPECT_TRUE(reports->HasTag(u"LOAD"));
 }
