@@ -5,6 +5,22 @@
 #include "converter/conversion_table.hpp"
 
 namespace quilom::converter::window {
+namespace {
+
+bool ReadInteger(AutomationObject& object, std::u16string_view member, std::int32_t& result, ErrorDetails& error) {
+  AutomationValue value;
+  if (!object.Get(member, value)) {
+    error = object.LastError();
+    return false;
+  }
+  if (!ToInteger(value, result)) {
+    error = {0, u"Quilom++", u"Word's '" + std::u16string(member) + u"' is not a number"};
+    return false;
+  }
+  return true;
+}
+
+}  // namespace
 
 WordDocumentEditor::WordDocumentEditor(AutomationRef application) : application_(std::move(application)) {}
 
@@ -16,18 +32,16 @@ bool WordDocumentEditor::Fail(const ErrorDetails& error) {
 bool WordDocumentEditor::HasSelection() {
   ErrorDetails error;
   const AutomationRef selection = GetPath(*application_, {u"ActiveWindow", u"Selection"}, error);
-  AutomationValue start;
-  AutomationValue end;
   std::int32_t startAt = 0;
   std::int32_t endAt = 0;
-  if (selection == nullptr || !selection->Get(u"Start", start) || !selection->Get(u"End", end) ||
-      !ToInteger(start, startAt) || !ToInteger(end, endAt)) {
-    // Without a readable selection the whole document is the only safe answer: the run then
-    // converts everything, which is what the user gets when nothing is selected.
-    ReportError(kWordEditorTag, selection == nullptr ? error : selection->LastError());
-    return false;
+  if (selection != nullptr && ReadInteger(*selection, u"Start", startAt, error) &&
+      ReadInteger(*selection, u"End", endAt, error)) {
+    return endAt > startAt;
   }
-  return endAt > startAt;
+  // Without a readable selection the whole document is the only safe answer: the run then
+  // converts everything, which is what the user gets when nothing is selected.
+  ReportError(kWordEditorTag, error);
+  return false;
 }
 
 void WordDocumentEditor::SetScope(EditScope scope) { scope_ = scope; }
