@@ -33,10 +33,6 @@ struct Context {
     const auto* p = previous();
     return p && p->kind == Kind::Dead && p->consonant == consonant;
   }
-  bool AfterAnyDead() const {
-    const auto* p = previous();
-    return p && p->kind == Kind::Dead;
-  }
   bool BeforeConsonant(int consonant) const {
     const auto* n = next();
     return n && (n->kind == Kind::Syllable || n->kind == Kind::Dead) && n->consonant == consonant;
