@@ -108,10 +108,10 @@ TEST_P(DocumentFormats, LegacyTextBecomesUnicodeInTheUnicodeFontKeepingBoldItali
     auto session = backend->Open(input, error);
     ASSERT_NE(session, nullptr) << error;
     ASSERT_EQ(Convert(session->Editor(), ConversionDirection::LegacyToUnicode, kTsciiToUnicode), RunStatus::Completed);
-    ASSERT_TRUE(session->SaveAs(folder / "report.docx", error)) << error;
+    ASSERT_TRUE(session->SaveAs(folder / "converted.docx", error)) << error;
   }
   EXPECT_TRUE(reports->messages.empty()) << text::Utf16ToUtf8(reports->messages.front());
-  const auto paragraphs = ReadDocument(folder / "report.docx");
+  const auto paragraphs = ReadDocument(folder / "converted.docx");
   ASSERT_EQ(paragraphs.size(), 2u);
   EXPECT_EQ(TextOf(paragraphs[0]), u"வணக்கம் இது சோதனை");
   ExpectTamilOnlyIn(paragraphs[0], kUnicodeFont);
