@@ -16,6 +16,17 @@ size_t CommonPrefixLength(std::u16string_view a, std::u16string_view b) {
 // edit never reaches back further than the keys since the last restart.
 constexpr size_t kMaxRecordedText = 8192;
 
+// Orders a key against a tail whose first character the key is known to share.
+// Negative: key below tail; 0: key begins with tail; positive: key above tail and not
+// beginning with it.
+int CompareKeyToTail(const std::u16string& key, std::u16string_view tail) {
+  const size_t common = std::min(key.size(), tail.size());
+  for (size_t i = 1; i < common; ++i) {
+    if (key[i] != tail[i]) return key[i] < tail[i] ? -1 : 1;
+  }
+  return key.size() < tail.size() ? -1 : 0;
+}
+
 }  // namespace
 
 Edit CommonPrefixDifference(std::u16string_view previous, std::u16string_view next) {
@@ -98,20 +109,23 @@ Engine::TailScan Engine::ScanTail(int start) const {
   const int row = keymap_->IndexRow(tail[0]);
   if (row < 0) return scan;
   int first = keymap_->firstCharIndex[row][0];
-  const int last = keymap_->firstCharIndex[row][1];
+  int last = keymap_->firstCharIndex[row][1];
   if (first == 0) return scan;
   if (start == lastMatchPosition_ && lastMatchEntry_ != 0) first = lastMatchEntry_;
   // The keys are sorted, so the keys that begin with the tail form one run that starts at
   // the first key not below it: the run's first key is the match when it equals the tail.
   const auto& keys = keymap_->phoneticKeys;
-  const auto begin = keys.begin() + first;
-  const auto end = keys.begin() + last + 1;
-  const auto found = std::lower_bound(begin, end, tail, [](const std::u16string& key, std::u16string_view t) {
-    return std::u16string_view(key) < t;
-  });
-  if (found == end || !std::u16string_view(*found).starts_with(tail)) return scan;
+  ++last;
+  while (first < last) {
+    const int middle = first + (last - first) / 2;
+    if (CompareKeyToTail(keys[static_cast<size_t>(middle)], tail) < 0) first = middle + 1;
+    else last = middle;
+  }
+  if (first > keymap_->firstCharIndex[row][1]) return scan;
+  const std::u16string& found = keys[static_cast<size_t>(first)];
+  if (CompareKeyToTail(found, tail) != 0) return scan;
   scan.prefixHit = true;
-  if (found->size() == tail.size()) scan.entry = static_cast<int>(found - keys.begin());
+  if (found.size() == tail.size()) scan.entry = first;
   return scan;
 }
 

@@ -15,6 +15,21 @@
 //
 // Usage: construct with the sink, give it tables with SetKeymap (the loader's result), then
 // call ProcessKey for every character key and Reset when the typing context is lost.
+//
+// Matching: for start positions 1, 2, ... of the buffer (longest tail first) the tail is
+// looked up among the keys that begin with its first character, from the last matched entry
+// when the tail starts where the last match did. The first exact key wins at once. When the
+// tail at the last match's position neither matches nor begins any key, the buffer restarts
+// with the new key alone, so later keys never match across that point.
+//
+// Typing mode 1 only (see UsesJoiningRules), with the keymap's LanguageJoining:
+// - punctuation rule (switch on): when the last two keys occur in the first key's punctuation
+//   slot, an extra edit erases one character and types the joining text followed by that key;
+// - output adjustment (joining switch on): an output that starts with a joining character is
+//   preceded by the joining text as its own edit; any other output replaces the last
+//   character of the text before it (the text the match builds on loses that character).
+// Extra edits are part of the engine's record, so the key's own edit is worked out against
+// what the application really shows.
 namespace quilom::translit {
 
 // One output operation: erase this many characters before the caret, then type `text`.
