@@ -18,6 +18,10 @@ bool UrlNormalizerOptions::operator[](UrlOption option) const {
   return (*const_cast<UrlNormalizerOptions*>(this))[option];
 }
 
+settings::ToolSettings UrlNormalizerStore(const settings::DataFolders& folders) {
+  return settings::ToolSettings::For(folders, settings::SettingsWindow::UrlNormaliser);
+}
+
 UrlNormalizerOptions LoadUrlNormalizerOptions(const settings::ToolSettings& store) {
   const std::vector<std::u16string> keys(kUrlOptionKeys.begin(), kUrlOptionKeys.end());
   const auto values = store.ReadToolSettings(keys);

@@ -25,6 +25,10 @@ struct UrlNormalizerOptions {
   bool operator[](UrlOption option) const;
 };
 
+// The window's store: "URL Normalizer\Settings.txt" below the data root, reporting with the
+// tags "UV - GsUv" and "UV - WsUv".
+settings::ToolSettings UrlNormalizerStore(const settings::DataFolders& folders);
+
 // Reads the three keys in one pass; "1" ticks a box, anything else leaves it clear. A key that
 // is missing from the file is reported with "urln-load" and its box stays clear.
 UrlNormalizerOptions LoadUrlNormalizerOptions(const settings::ToolSettings& store);

@@ -144,5 +144,13 @@ TEST_F(UrlNormalizerSettings, MissingKeyIsReportedAndLeftClear) {
   EXPECT_TRUE(reporter->HasTag(u"urln-load"));
 }
 
+TEST(UrlNormalizerShippedSettings, StoreFindsEveryKeyInTheShippedFile) {
+  const auto store = UrlNormalizerStore(settings::DataFolders::ForDataRoot(testing::SourceDataRoot()));
+  EXPECT_EQ(store.SettingsFile(), testing::SourceDataRoot() / "URL Normalizer" / "Settings.txt");
+  testing::ScopedRecordingReporter reporter;
+  LoadUrlNormalizerOptions(store);
+  EXPECT_TRUE(reporter->messages.empty());
+}
+
 }  // namespace
 }  // namespace quilom::tools
