@@ -146,7 +146,13 @@ def Unescape(legacy):
 # encoding's other lines.
 FIXES = {
     # Like Bamini, 'h' is the ா glyph and ';' the pulli; the facts give them as பா and ப்.
-    'dinakaran': [('h', '\u0baa\u0bbe', '\u0bbe'), (';', '\u0baa\u0bcd', '\u0bcd')],
+    # 'p' and 'P' are the ி and ீ signs (fp is கி, fP is கீ).
+    'dinakaran': [('h', '\u0baa\u0bbe', '\u0bbe'), (';', '\u0baa\u0bcd', '\u0bcd'),
+                  ('p', '\u0baa\u0bbf', '\u0bbf'), ('P', '\u0baa\u0bc0', '\u0bc0')],
+    # As in its siblings, 'h' is the ா glyph (fh is கா), not பா.
+    'murasoli': [('h', '\u0baa\u0bbe', '\u0bbe')],
+    # 'û' is the ை prefix glyph (ûL is கை, ûb is க்ஷை), not க்ஷ.
+    'kavipriya': [('\u00fb', '\u0b95\u0bcd\u0bb7', '\u0bc8')],
     # 'Ø' is the ெ prefix glyph (ØB is யெ, ØðV is ணொ), never ய; so ØBV is யொ.
     'pallavar': [('\u00d8', '\u0baf', None), ('\u00d8BV', '\u0baf', '\u0baf\u0bca')],
 }

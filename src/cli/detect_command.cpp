@@ -41,7 +41,7 @@ int RunDetect(CommandContext& ctx) {
     return 1;
   }
   const std::vector<converter::EncodingGuess> guesses = detector.Rank(converter::DecodeTextFileBytes(*bytes));
-  if (guesses.front().score <= 0) {
+  if (!converter::ReadsAsTamil(guesses.front())) {
     ctx.err << "quilom detect: the text does not read as Tamil in any legacy encoding we know\n";
     return 1;
   }

@@ -15,7 +15,15 @@ constexpr double kVowelInsideWord = 2.0;
 constexpr double kUnlikelyOpening = 0.7;
 constexpr double kMixedScript = 2.0;
 constexpr double kLeftover = 1.5;
-constexpr double kBadCluster = 1.0;
+constexpr double kBadCluster = 2.0;
+// Grantha letters are real but rare: between two readings otherwise alike, the one with fewer
+// of them is the likelier.
+constexpr double kGranthaLetter = 1.0;
+constexpr double kRareSyllable = 1.0;
+constexpr double kDeadShareFrom = 15;     // consonants, before the share is trusted
+constexpr double kLeastDeadShare = 0.08;
+constexpr double kFewDeadPenalty = 0.5;
+constexpr double kTamilFloor = 0.8;
 // How sharply a score lead turns into confidence, per letter of the text.
 constexpr double kSharpness = 0.6;
 
@@ -82,10 +90,19 @@ double RareVowelPenalty(char16_t vowel) {
   }
 }
 
+// ங stands almost only before க (as ங்), ஞ before ச or with ா, ை, ெ.
+bool IsRareSyllable(char16_t consonant, char16_t sign) {
+  if (consonant == u'ங') return sign != kPulli;
+  if (consonant == u'ஞ') return sign != kPulli && sign != u'ா' && sign != u'ை' && sign != u'ெ' && IsSign(sign);
+  return false;
+}
+
 struct WordScore {
   double tamil = 0;
   double penalty = 0;
   double letters = 0;
+  double consonants = 0;
+  double dead = 0;  // consonants with pulli
 };
 
 void ScoreWord(std::u16string_view word, WordScore& score) {
@@ -96,9 +113,13 @@ void ScoreWord(std::u16string_view word, WordScore& score) {
       if (IsLatinLetter(ch)) {
         score.letters += 1;
         if (IsTamil(before) || (i + 1 < word.size() && IsTamil(word[i + 1]))) score.penalty += kMixedScript;
-      } else if (!IsPlainPunctuation(ch)) {
-        score.letters += 1;
-        score.penalty += kLeftover;
+      } else {
+        if (!IsPlainPunctuation(ch)) {
+          score.letters += 1;
+          score.penalty += kLeftover;
+        }
+        // Punctuation stands between words, never between two letters of one.
+        if (IsTamil(before) && i + 1 < word.size() && IsTamil(word[i + 1])) score.penalty += kMixedScript;
       }
       continue;
     }
@@ -110,6 +131,13 @@ void ScoreWord(std::u16string_view word, WordScore& score) {
     if (ch == 0x0B83 && (opening || !(i + 1 < word.size() && IsConsonant(word[i + 1])))) score.penalty += kBrokenSign;
     if (IsConsonant(ch) && i + 1 < word.size() && word[i + 1] == kPulli) score.penalty += ClusterPenalty(word, i);
     if (opening && IsVowel(ch)) score.penalty += RareVowelPenalty(ch);
+    if (IsGrantha(ch)) score.penalty += kGranthaLetter;
+    if (IsConsonant(ch)) {
+      score.consonants += 1;
+      const char16_t sign = i + 1 < word.size() ? word[i + 1] : u'\0';
+      if (sign == kPulli) score.dead += 1;
+      if (IsRareSyllable(ch, sign)) score.penalty += kRareSyllable;
+    }
     if (opening && IsUnlikelyOpening(ch)) score.penalty += kUnlikelyOpening;
     if (opening && IsConsonant(ch) && i + 1 < word.size() && word[i + 1] == 0x0BCD) score.penalty += kUnlikelyOpening;
   }
@@ -123,6 +151,11 @@ WordScore ScoreText(std::u16string_view text) {
     while (end < text.size() && !IsSeparator(text[end])) ++end;
     ScoreWord(text.substr(start, end - start), total);
     start = end + 1;
+  }
+  // Dead consonants make up a fifth or more of the consonants of any Tamil prose; a reading with
+  // almost none is letters in the wrong order, not Tamil.
+  if (total.consonants >= kDeadShareFrom && total.dead < total.consonants * kLeastDeadShare) {
+    total.penalty += total.tamil * kFewDeadPenalty;
   }
   return total;
 }
@@ -147,6 +180,8 @@ void AssignConfidence(std::vector<EncodingGuess>& guesses, double letters) {
 }
 
 }  // namespace
+
+bool ReadsAsTamil(const EncodingGuess& guess) { return guess.score >= kTamilFloor; }
 
 double TamilWellFormedness(std::u16string_view unicodeText) {
   const WordScore score = ScoreText(unicodeText);
