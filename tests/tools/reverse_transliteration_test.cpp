@@ -164,6 +164,10 @@ TEST(ReverseProgress, EveryWordIsReportedOnceInOrder) {
   ReverseTransliterate(u"one  இரண்டு\r\n`kept text` மூன்று", keep, {},
                        [&](size_t index, size_t count) { calls.emplace_back(index, count); });
   EXPECT_EQ(calls, (std::vector<std::pair<size_t, size_t>>{{0, 3}, {1, 3}, {2, 3}}));
+
+  std::u16string shown;
+  ReverseTransliterate(u"தமிழ்\r\n", {}, {}, [&](size_t index, size_t count) { shown = ReverseProgressText(index, count); });
+  EXPECT_EQ(shown, u"100 %\r\nprocessed");
 }
 
 }  // namespace
