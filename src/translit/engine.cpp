@@ -40,7 +40,6 @@ Engine::Engine(OutputSink& sink) : sink_(sink) {
   for (auto& text : history_) text.reserve(32);
   typedText_.reserve(256);
   scratch_.reserve(256);
-  edit_.text.reserve(64);
 }
 
 void Engine::SetKeymap(std::shared_ptr<const PhoneticKeymap> keymap) {
@@ -84,7 +83,7 @@ void Engine::ProcessKeyUnchecked(char16_t key) {
   for (int start = 1; start <= TypedLength(); ++start) {
     const TailScan scan = ScanTail(start);
     if (scan.entry != 0) {
-      ApplyMatch(start, scan.entry, edit_);
+      ApplyMatch(start, scan.entry);
       matched = true;
       break;
     }
@@ -94,11 +93,12 @@ void Engine::ProcessKeyUnchecked(char16_t key) {
     }
   }
   if (!matched) {
-    edit_.eraseCount = 0;
-    edit_.text.assign(1, key);
-    Send(edit_.eraseCount, edit_.text);
+    keyText_ = key;
+    editErase_ = 0;
+    editText_ = std::u16string_view(&keyText_, 1);
+    Send(editErase_, editText_);
   }
-  RecordKey(edit_);
+  RecordKey();
   if (TypedLength() % kHistoryGrowth == 0) historyPositions_ += kHistoryGrowth;
 }
 
@@ -129,7 +129,7 @@ Engine::TailScan Engine::ScanTail(int start) const {
   return scan;
 }
 
-void Engine::ApplyMatch(int start, int entry, Edit& edit) {
+void Engine::ApplyMatch(int start, int entry) {
   const int typedLength = TypedLength();
   const std::u16string_view output = keymap_->phoneticOutputs[static_cast<size_t>(entry)];
   ApplyPunctuationRule(start);
@@ -137,17 +137,17 @@ void Engine::ApplyMatch(int start, int entry, Edit& edit) {
 
   const std::u16string& shown = history_[static_cast<size_t>(typedLength - 1)];
   if (start == typedLength && !dropLast) {
-    edit.eraseCount = 0;
-    edit.text.assign(output);
+    editErase_ = 0;
+    editText_ = output;
   } else {
     scratch_.assign(history_[static_cast<size_t>(start - 1)]);
     if (dropLast && !scratch_.empty()) scratch_.pop_back();
     scratch_.append(output);
     const size_t same = CommonPrefixLength(shown, scratch_);
-    edit.eraseCount = static_cast<int>(shown.size() - same);
-    edit.text.assign(std::u16string_view(scratch_).substr(same));
+    editErase_ = static_cast<int>(shown.size() - same);
+    editText_ = std::u16string_view(scratch_).substr(same);
   }
-  Send(edit.eraseCount, edit.text);
+  Send(editErase_, editText_);
   lastMatchPosition_ = start;
   lastMatchEntry_ = entry;
 }
@@ -191,13 +191,13 @@ void Engine::Send(int eraseCount, std::u16string_view text) {
   sink_.OutputReplacement(eraseCount, text);
 }
 
-void Engine::RecordKey(const Edit& edit) {
+void Engine::RecordKey() {
   const size_t typedLength = typedKeys_.size();
   const std::u16string& previous = history_[typedLength - 1];
   std::u16string& current = history_[typedLength];
-  const size_t keep = previous.size() - std::min(previous.size(), static_cast<size_t>(edit.eraseCount));
+  const size_t keep = previous.size() - std::min(previous.size(), static_cast<size_t>(editErase_));
   current.assign(previous, 0, keep);
-  current.append(edit.text);
+  current.append(editText_);
 }
 
 }  // namespace quilom::translit

@@ -97,12 +97,12 @@ class Engine final : public TypingEngine {
   void ClearBuffer();
   void RestartWith(char16_t key);
   TailScan ScanTail(int start) const;
-  void ApplyMatch(int start, int entry, Edit& edit);
+  void ApplyMatch(int start, int entry);
   void ApplyPunctuationRule(int start);
   bool ApplyJoiningCheck(std::u16string_view output);
   void SendExtra(int eraseCount, std::u16string_view text);
   void Send(int eraseCount, std::u16string_view text);
-  void RecordKey(const Edit& edit);
+  void RecordKey();
 
   OutputSink& sink_;
   std::shared_ptr<const PhoneticKeymap> keymap_;
@@ -115,7 +115,10 @@ class Engine final : public TypingEngine {
   int lastMatchEntry_ = 0;
   std::u16string typedText_;
   std::u16string scratch_;
-  Edit edit_;
+  // The key's own edit: its text lies in the keymap, in scratch_ or in keyText_.
+  int editErase_ = 0;
+  std::u16string_view editText_;
+  char16_t keyText_ = 0;
 };
 
 }  // namespace quilom::translit
