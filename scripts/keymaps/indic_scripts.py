@@ -16,7 +16,7 @@ class Script:
         normalised to NFC so that nukta letters come as base + nukta; None when absent."""
         if name in self.overrides and kind == "LETTER":
             return self.overrides[name]
-        full = (self.name + " " + kind + " " + name).strip()
+        full = " ".join(part for part in (self.name, kind, name) if part)
         try:
             return unicodedata.normalize("NFC", unicodedata.lookup(full))
         except KeyError:

@@ -27,7 +27,7 @@ VOWELS = [
     ("LLi", "VOCALIC L"), ("L^i", "VOCALIC L"), ("LLI", "VOCALIC LL"), ("L^I", "VOCALIC LL"),
     ("ai", "AI"), ("au", "AU"),
 ]
-NORTH_EO = [("e", "E"), ("o", "O")]
+NORTH_EO = [("e", "E"), ("o", "O"), ("E", "CANDRA E"), ("O", "CANDRA O")]
 SOUTH_EO = [("e", "E"), ("E", "EE"), ("ee", "EE"), ("o", "O"), ("O", "OO"), ("oo", "OO")]
 
 # Consonant keys -> the Unicode letter name.
@@ -43,7 +43,7 @@ CONSONANTS = [
     ("sh", "SHA"), ("Sh", "SSA"), ("shh", "SSA"), ("S", "SSA"), ("s", "SA"), ("h", "HA"),
     ("L", "LLA"), ("ld", "LLA"),
 ]
-SOUTH_CONSONANTS = [("R", "RRA"), ("zh", "LLLA")]
+SOUTH_CONSONANTS = [("R", "RRA"), ("zh", "LLLA")]  # every script that has them
 # Keys of letters written with a nukta: (key, precomposed letter name, base letter name).
 NUKTA_LETTERS = [
     ("q", "QA", "KA"), (".kh", "KHHA", "KHA"), (".g", "GHHA", "GA"), ("z", "ZA", "JA"),
@@ -55,16 +55,24 @@ CONJUNCTS = [("x", ["KA", "SSA"]), ("kSh", ["KA", "SSA"]), ("ksh", ["KA", "SSA"]
              ("GY", ["JA", "NYA"]), ("j~n", ["JA", "NYA"]), ("dny", ["JA", "NYA"])]
 # Malayalam's final consonants without a vowel (chillu letters).
 CHILLU = [("N_", "CHILLU NN"), ("n_", "CHILLU N"), ("r_", "CHILLU RR"), ("l_", "CHILLU L"),
-          ("L_", "CHILLU LL"), ("k_", "CHILLU K")]
+          ("L_", "CHILLU LL"), ("k_", "CHILLU K"), ("m_", "CHILLU M"), ("y_", "CHILLU Y"),
+          ("zh_", "CHILLU LLL")]
+# Letters of one language only: language -> key -> text.
+SPECIAL = {
+    "Bengali": {"t_": "\u09ce"},                       # khanda ta
+    "Assamese": {"t_": "\u09ce"},
+    "Punjabi": {".n": "\u0a70", "^": "\u0a71",       # tippi, addak
+                ".D": "\u0a5c", "OM": "\u0a74", "AUM": "\u0a74"},
+}
 SIGNS = [("M", ("ANUSVARA", "BINDI")), (".n", ("ANUSVARA", "BINDI")),
          (".N", ("CANDRABINDU", "ADAK BINDI")), ("H", ("VISARGA",)), (".h", ("VIRAMA",)),
-         (".a", ("AVAGRAHA",)), (".H", ("HAARU",)), ("^", ("ADDAK",))]
+         (".a", ("AVAGRAHA",))]
 
 
 def Consonants(script):
     """key -> the consonant text (without virama) for every consonant the script has."""
     found = {}
-    pairs = CONSONANTS + (SOUTH_CONSONANTS if script.dravidianVowels else [])
+    pairs = CONSONANTS + SOUTH_CONSONANTS
     for key, name in pairs:
         letter = script.Letter(name)
         if key == "w" and script.Letter("WA"):
@@ -89,7 +97,7 @@ def Vowels(script):
     """key -> (independent vowel, vowel sign) for every vowel the script has."""
     found = {}
     for key, name in VOWELS + (SOUTH_EO if script.dravidianVowels else NORTH_EO):
-        letter = script.Letter(name)
+        letter = script.Letter(name) or script.Char("VOWEL", name)
         sign = "" if name == "A" else script.VowelSign(name)
         if letter is None and name in ("E", "O"):  # Gurmukhi has only the long e and o
             letter, sign = script.Letter(name * 2), script.VowelSign(name * 2)
@@ -116,11 +124,21 @@ def Entries(language):
     if language == "Malayalam":
         for key, name in CHILLU:
             entries[key] = script.Letter(name)
+    haaru = script.Char("CONSONANT SIGN", "HAARU")
+    if haaru:
+        entries[".H"] = haaru
     om = script.Char("", "OM") or script.Letter("OM")
     if om:
         entries["OM"] = entries["AUM"] = om
     entries["|"] = script.Danda()
     entries["||"] = script.Danda(double=True)
+    for key, text in SPECIAL.get(language, {}).items():
+        if key in entries and text[0] != entries[key][0]:
+            del entries[key]  # a special letter replaces a general one: keep file order tidy
+        entries[key] = text
+        if language == "Punjabi" and key == ".D":
+            for vowelKey, (_, sign) in Vowels(script).items():
+                entries[key + vowelKey] = text + sign
     return entries
 
 

@@ -1,0 +1,40 @@
+#!/usr/bin/env python3
+"""Lists, from the Unicode character database, the letters and signs of each Indic
+language's script, for the test that every one of them can be typed.
+
+Left out: characters with a canonical decomposition (the nukta letters; text holds them as
+base + nukta, which the keymaps type) and the length marks that only occur inside two-part
+vowel signs (typed as the whole sign). Writes tests/translit/keymaps_script_letters.txt.
+"""
+
+import os
+import sys
+import unicodedata
+
+sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
+from indic_scripts import SCRIPTS  # noqa: E402
+from keymap_io import REPO  # noqa: E402
+
+OUT = os.path.join(REPO, "tests", "translit", "keymaps_script_letters.txt")
+
+
+def Letters(script):
+    for code in range(script.block[0], script.block[1] + 1):
+        ch = chr(code)
+        if unicodedata.category(ch) not in ("Lo", "Mn", "Mc"):
+            continue
+        if unicodedata.decomposition(ch) or "LENGTH MARK" in unicodedata.name(ch):
+            continue
+        yield code, unicodedata.name(ch)
+
+
+def main():
+    with open(OUT, "w", encoding="utf-8", newline="\n") as f:
+        f.write("# language, code point, name (Unicode %s)\n" % unicodedata.unidata_version)
+        for language, script in SCRIPTS.items():
+            for code, name in Letters(script):
+                f.write("%s\t%04X\t%s\n" % (language, code, name))
+
+
+if __name__ == "__main__":
+    main()

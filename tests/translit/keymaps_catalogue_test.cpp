@@ -1,0 +1,139 @@
+// The catalogue lists against the keymap files: every listed LFK loads without a message and
+// types its sample words; the lists agree with each other and with the installed files.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <map>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "keymaps_typist.hpp"
+#include "settings/text_file.hpp"
+#include "text/strings.hpp"
+
+namespace quilom::testing {
+namespace {
+
+struct Sample {
+  const char* keys;
+  const char* text;
+};
+
+// Words a user of each scheme would type, with what they must give.
+const std::map<std::string, std::vector<Sample>>& SampleWords() {
+  static const std::map<std::string, std::vector<Sample>> table = {
+      {"Tamil-Unicode-PhoneticTransliteration", {{"vaNakkam", "வணக்கம்"}, {"thamizh", "தமிழ்"}}},
+      {"Tamil-Unicode-TamilNet99", {{"vphhkf", "வணக்கம்"}, {"lks/f", "தமிழ்"}}},
+      {"Tamil-Unicode-TypeWriterNew", {{"tzf;fk;", "வணக்கம்"}, {"jkpH;", "தமிழ்"}, {"bra;jp", "செய்தி"}}},
+      {"Tamil-Unicode-TypeWriterOld", {{"tz;ff;k", "வணக்கம்"}, {"jpk;H", "தமிழ்"}, {"br;apj", "செய்தி"}}},
+      {"Tamil-Unicode-UserDefinedPhonetics1", {{"vaNakkam", "வணக்கம்"}, {"thamizh", "தமிழ்"}}},
+      {"Hindi-Unicode-PhoneticTransliteration", {{"namaste", "नमस्ते"}, {"hindii", "हिन्दी"}}},
+      {"Sanskrit-Unicode-PhoneticTransliteration", {{"saMskRRitam", "संस्कृतम्"}}},
+      {"Telugu-Unicode-PhoneticTransliteration", {{"telugu", "తెలుగు"}}},
+      {"Kannada-Unicode-PhoneticTransliteration", {{"kannaDa", "ಕನ್ನಡ"}}},
+      {"Malayalam-Unicode-PhoneticTransliteration", {{"malayaaLaM", "മലയാളം"}}},
+      {"Marathi-Unicode-PhoneticTransliteration", {{"maraaThii", "मराठी"}}},
+      {"Konkani-Unicode-PhoneticTransliteration", {{"koMkaNii", "कोंकणी"}}},
+      {"Gujarati-Unicode-PhoneticTransliteration", {{"gujaraatii", "ગુજરાતી"}}},
+      {"Bengali-Unicode-PhoneticTransliteration", {{"baaMlaa", "বাংলা"}}},
+      {"Punjabi-Unicode-PhoneticTransliteration", {{"pa.njaabii", "ਪੰਜਾਬੀ"}}},
+      {"Oriya-Unicode-PhoneticTransliteration", {{"oDiaa", "ଓଡିଆ"}}},
+      {"Assamese-Unicode-PhoneticTransliteration", {{"asamiiYaa", "অসমীয়া"}}},
+      {"Sourashtra-Unicode-PhoneticTransliteration", {{"kaa", "ꢒꢵ"}, {"ki", "ꢒꢶ"}}},
+      {"Arabic-Unicode-PhoneticTransliteration", {{"ktAb", "كتاب"}, {"mrHbA", "مرحبا"}}},
+      {"Greek-Unicode-PhoneticTransliteration", {{"kalhm;era", "καλημέρα"}, {"Ell;ada", "Ελλάδα"}}},
+      {"LatinScript&IPA-Unicode-PhoneticTransliteration", {{"cafe'", "café"}, {"Franc;ais", "Français"}, {"@s", "ʃ"}}},
+      {"English-Unicode-PhoneticTransliteration", {{"wait...", "wait…"}, {"(c)", "©"}, {"--", "–"}}},
+      {"Roman-Unicode-PhoneticTransliteration", {{"vaNakkam", "vaṇakkam"}, {"taan-", "tāṉ"}}},
+  };
+  return table;
+}
+
+std::filesystem::path InpsFolder() {
+  return settings::DataFolders::ForDataRoot(SourceDataRoot()).mainDataFolder / "inps";
+}
+
+struct ListRow {
+  std::u16string lfk;
+  std::u16string number;
+};
+
+std::vector<ListRow> ReadList(const std::string& name) {
+  std::vector<ListRow> rows;
+  for (const auto& line : text::Split(settings::ReadTextFile(InpsFolder() / name), u"\r\n")) {
+    if (line.empty()) continue;
+    const auto blank = line.find(u' ');
+    rows.push_back({std::u16string(line.substr(0, blank)),
+                    blank == std::u16string::npos ? u"" : std::u16string(line.substr(blank + 1))});
+  }
+  return rows;
+}
+
+TEST(KeymapCatalogue, OriginalListsEveryInstalledKeymapOnce) {
+  const auto original = ReadList("Settings-Lfks-Original.txt");
+  std::vector<std::u16string> listed;
+  for (const auto& row : original) listed.push_back(row.lfk);
+  std::sort(listed.begin(), listed.end());
+  EXPECT_EQ(listed, translit::InstalledKeymaps(ShippedKeymapFolder()));
+  for (size_t i = 0; i < original.size(); ++i) EXPECT_EQ(original[i].number, text::Utf8ToUtf16(std::to_string(i + 1)));
+}
+
+TEST(KeymapCatalogue, SortedAndFinalizedHoldTheSameRows) {
+  const auto original = ReadList("Settings-Lfks-Original.txt");
+  const auto sorted = ReadList("Settings-Lfks-Sorted.txt");
+  const auto finalized = ReadList("Settings-Lfks-Finalized.txt");
+  auto key = [](const ListRow& r) { return r.lfk + u" " + r.number; };
+  std::set<std::u16string> a, b, c;
+  for (const auto& r : original) a.insert(key(r));
+  for (const auto& r : sorted) b.insert(key(r));
+  for (const auto& r : finalized) c.insert(key(r));
+  EXPECT_EQ(a, b);
+  EXPECT_EQ(a, c);
+  EXPECT_TRUE(std::is_sorted(sorted.begin(), sorted.end(), [](auto& x, auto& y) { return x.lfk < y.lfk; }));
+  ASSERT_FALSE(finalized.empty());
+  // Tamil first: no Tamil LFK after another language's.
+  const auto firstOther = std::find_if(finalized.begin(), finalized.end(),
+                                       [](auto& r) { return r.lfk.rfind(u"Tamil-", 0) != 0; });
+  EXPECT_TRUE(std::none_of(firstOther, finalized.end(), [](auto& r) { return r.lfk.rfind(u"Tamil-", 0) == 0; }));
+}
+
+TEST(KeymapCatalogue, LanguageNamesCoverEveryListedLanguage) {
+  std::set<std::u16string> names;
+  for (const auto& line : text::Split(settings::ReadTextFile(InpsFolder() / "LangNames.txt"), u"\r\n")) {
+    if (!line.empty()) names.insert(std::u16string(line));
+  }
+  EXPECT_EQ(names.size(), 19u);
+  for (const auto& row : ReadList("Settings-Lfks-Original.txt")) {
+    EXPECT_TRUE(names.count(row.lfk.substr(0, row.lfk.find(u'-')))) << text::Utf16ToUtf8(row.lfk);
+  }
+}
+
+TEST(KeymapCatalogue, EveryListedKeymapLoadsQuietlyAndTypesItsSampleWords) {
+  for (const auto& row : ReadList("Settings-Lfks-Original.txt")) {
+    const auto lfk = text::Utf16ToUtf8(row.lfk);
+    KeymapTypist typist(row.lfk);
+    EXPECT_EQ(typist.outcome, translit::LoadOutcome::Loaded) << lfk;
+    EXPECT_TRUE(typist.messages.empty()) << lfk;
+    const auto samples = SampleWords().find(lfk);
+    if (samples == SampleWords().end()) {
+      ADD_FAILURE() << lfk << " has no sample words";
+      continue;
+    }
+    for (const auto& sample : samples->second) EXPECT_EQ(typist.TypeUtf8(sample.keys), sample.text) << lfk;
+  }
+}
+
+// The shell may run these keymaps in the joined-script mode with the punctuation rule on; the
+// joining switch is off and the joining text empty, so they must type the same there.
+TEST(KeymapCatalogue, SampleWordsTypeTheSameInTheJoinedScriptMode) {
+  for (const auto& [lfk, samples] : SampleWords()) {
+    if (lfk.rfind("Tamil-", 0) == 0) continue;
+    KeymapTypist typist(text::Utf8ToUtf16(lfk), ShippedKeymapFolder(), {1, 0});
+    typist.UseSettings({1, 1});
+    for (const auto& sample : samples) EXPECT_EQ(typist.TypeUtf8(sample.keys), sample.text) << lfk;
+  }
+}
+
+}  // namespace
+}  // namespace quilom::testing

@@ -1,0 +1,110 @@
+// The ITRANS keymaps of the Indic languages through the real loader and engine: how syllables
+// and conjuncts form, and that every letter of each script can be typed.
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <map>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "keymaps_typist.hpp"
+
+namespace quilom::testing {
+namespace {
+
+std::u16string Lfk(const std::string& language) {
+  return text::Utf8ToUtf16(language) + u"-Unicode-PhoneticTransliteration";
+}
+
+TEST(IndicKeymaps, FormSyllablesConjunctsAndIndependentVowels) {
+  KeymapTypist hindi(Lfk("Hindi"));
+  const std::vector<std::pair<const char*, const char*>> rows = {
+      {"k", "क्"},            // a consonant waits with its virama
+      {"ka kaa kA ki kii", "क का का कि की"},
+      {"kai kau", "कै कौ"},    // two-key vowels join whole
+      {"kt kta", "क्त् क्त"},   // consonants in a row make a conjunct
+      {"kae", "कए"},          // a vowel after a syllable stays independent
+      {"ai au aa", "ऐ औ आ"},
+      {"kRRi kR^i", "कृ कृ"},  // a vowel key that starts with a consonant key
+      {"x kSh GY", "क्ष् क्ष् ज्ञ्"},
+      {"qa za fa .Da", "क़ ज़ फ़ ड़"},  // nukta letters, as base + nukta
+      {"kaM kaH ka.N", "कं कः कँ"},
+      {"| ||", "। ॥"},
+      {"kOfI", "कॉफ़ी"},
+  };
+  for (const auto& [keys, expected] : rows) EXPECT_EQ(hindi.TypeUtf8(keys), expected) << keys;
+}
+
+TEST(IndicKeymaps, GiveEachLanguageItsOwnLetters) {
+  const std::vector<std::tuple<const char*, const char*, const char*>> rows = {
+      {"Telugu", "e E o O", "ఎ ఏ ఒ ఓ"},           // short and long e, o in the south
+      {"Kannada", "kaRa", "ಕಱ"},
+      {"Malayalam", "avan_ kaDal_ zha", "അവൻ കഡൽ ഴ"},  // chillu letters
+      {"Assamese", "ra va", "ৰ ৱ"},
+      {"Bengali", "va ut_saba", "ব উৎসব"},
+      {"Punjabi", "pa.njaabii .Da OM", "ਪੰਜਾਬੀ ੜ ੴ"},
+      {"Oriya", "wa", "ୱ"},
+      {"Sourashtra", "ka kaa k .H", "ꢒ ꢒꢵ ꢒ꣄ ꢴ"},
+  };
+  for (const auto& [language, keys, expected] : rows) {
+    KeymapTypist typist(Lfk(language));
+    EXPECT_EQ(typist.TypeUtf8(keys), expected) << language << ": " << keys;
+  }
+}
+
+// Characters of the scripts that no language here writes with: Vedic accents, letters of
+// other languages (Sindhi, Kashmiri, Arabic transliteration), archaic and rare signs.
+const std::map<std::string, std::set<int>>& NotTyped() {
+  static const std::map<std::string, std::set<int>> table = [] {
+    std::set<int> devanagari = {0x0900, 0x0904, 0x090E, 0x0912, 0x0946, 0x094A, 0x093A, 0x093B, 0x094E,
+                                0x094F, 0x0951, 0x0952, 0x0953, 0x0954, 0x0955, 0x0956, 0x0957};
+    for (int c = 0x0972; c <= 0x097F; ++c) devanagari.insert(c);
+    return std::map<std::string, std::set<int>>{
+        {"Hindi", devanagari},
+        {"Sanskrit", devanagari},
+        {"Marathi", devanagari},
+        {"Konkani", devanagari},
+        {"Gujarati", {0x0AF9, 0x0AFA, 0x0AFB, 0x0AFC, 0x0AFD, 0x0AFE, 0x0AFF}},
+        {"Bengali", {0x0980, 0x09F0, 0x09F1, 0x09FC, 0x09FE}},
+        {"Assamese", {0x0980, 0x09B0, 0x09FC, 0x09FE}},
+        {"Punjabi", {0x0A51, 0x0A72, 0x0A73, 0x0A75}},
+        {"Oriya", {0x0B55}},
+        {"Telugu", {0x0C00, 0x0C04, 0x0C58, 0x0C59, 0x0C5A, 0x0C5D}},
+        {"Kannada", {0x0C80, 0x0CDD, 0x0CF1, 0x0CF2}},
+        {"Malayalam", {0x0D00, 0x0D04, 0x0D29, 0x0D3A, 0x0D3B, 0x0D3C, 0x0D4E, 0x0D5F}},
+        {"Sourashtra", {}},
+    };
+  }();
+  return table;
+}
+
+// keymaps_script_letters.txt lists every letter and sign of each script, from the Unicode
+// character database (scripts/keymaps/make_script_letters.py).
+TEST(IndicKeymaps, ReachEveryLetterOfTheirScript) {
+  std::ifstream in(std::filesystem::path(QUILOM_SOURCE_DIR) / "tests/translit/keymaps_script_letters.txt");
+  ASSERT_TRUE(in);
+  std::map<std::string, std::vector<std::pair<int, std::string>>> letters;
+  for (std::string line; std::getline(in, line);) {
+    if (line.empty() || line[0] == '#') continue;
+    const auto tab1 = line.find('\t'), tab2 = line.find('\t', tab1 + 1);
+    letters[line.substr(0, tab1)].emplace_back(std::stoi(line.substr(tab1 + 1, tab2 - tab1 - 1), nullptr, 16),
+                                               line.substr(tab2 + 1));
+  }
+  ASSERT_EQ(letters.size(), NotTyped().size());
+  for (const auto& [language, list] : letters) {
+    KeymapTypist typist(Lfk(language));
+    ASSERT_EQ(typist.outcome, translit::LoadOutcome::Loaded) << language;
+    std::set<int> typed;
+    for (size_t i = 1; i < typist.tables->phoneticKeys.size(); ++i) {
+      for (const char16_t ch : typist.Type(typist.tables->phoneticKeys[i])) typed.insert(ch);
+    }
+    const auto& skipped = NotTyped().at(language);
+    for (const auto& [code, name] : list) {
+      if (!skipped.count(code)) EXPECT_TRUE(typed.count(code)) << language << " cannot type " << name;
+    }
+  }
+}
+
+}  // namespace
+}  // namespace quilom::testing
