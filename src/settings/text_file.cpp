@@ -3,7 +3,6 @@
 #include <cerrno>
 #include <cstring>
 #include <fstream>
-#include <iterator>
 #include <random>
 #include <system_error>
 
@@ -52,7 +51,11 @@ bool ReadAllBytes(const fs::path& path, std::string& bytes, ErrorDetails& detail
     details = Details(error, u"ReadTextFile", error ? std::strerror(error) : "The file cannot be opened");
     return false;
   }
-  bytes.assign(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
+  // The size is only a hint: a file that grows or shrinks meanwhile is still read to its end.
+  const auto size = fs::file_size(openPath, ec);
+  if (!ec) bytes.reserve(static_cast<size_t>(size));
+  char buffer[65536];
+  while (in.read(buffer, sizeof buffer) || in.gcount() > 0) bytes.append(buffer, static_cast<size_t>(in.gcount()));
   if (in.bad()) {
     details = Details(EIO, u"ReadTextFile", "The file could not be read to its end");
     return false;
