@@ -22,24 +22,21 @@ Run Translit(std::vector<std::string> words, const std::string& input = "") {
   return {status, out.str(), err.str()};
 }
 
-TEST(TranslitCommand, TypesStandardInputThroughTheTamilKeymap) {
+TEST(TranslitCommand, TypesStandardInputOrAFileThroughTheTamilKeymap) {
   const auto run = Translit({}, "vaNakkam thamizh\n");
   EXPECT_EQ(run.status, 0) << run.err;
   EXPECT_EQ(run.out, "வணக்கம் தமிழ்\n");
+  testing::TempFolder folder;
+  testing::WriteBytes(folder / "in.txt", "amma appaa\n");
+  const auto fromFile = Translit({(folder / "in.txt").string()});
+  EXPECT_EQ(fromFile.status, 0) << fromFile.err;
+  EXPECT_EQ(fromFile.out, "அம்ம அப்பா\n");
 }
 
 TEST(TranslitCommand, KeepsLineBreaksAndDropsTheByteOrderMark) {
   const auto run = Translit({"--keymap", "Tamil-Unicode-PhoneticTransliteration"}, "\xEF\xBB\xBFka\r\n\r\nki 12\n");
   EXPECT_EQ(run.status, 0) << run.err;
   EXPECT_EQ(run.out, "க\r\n\r\nகி 12\n");
-}
-
-TEST(TranslitCommand, ReadsTheNamedFile) {
-  testing::TempFolder folder;
-  testing::WriteBytes(folder / "in.txt", "amma appaa\n");
-  const auto run = Translit({(folder / "in.txt").string()});
-  EXPECT_EQ(run.status, 0) << run.err;
-  EXPECT_EQ(run.out, "அம்ம அப்பா\n");
 }
 
 TEST(TranslitCommand, UnknownKeymapListsTheInstalledOnes) {

@@ -83,14 +83,6 @@ TEST_F(EngineTest, KeyThatContinuesNoEntryRestartsTheBuffer) {
   EXPECT_EQ(engine.TypedKeys(), u"zc");
 }
 
-TEST_F(EngineTest, CompletedSyllableIsNotRetypedByTheNextOne) {
-  Use({{u"k", u"க்"}, {u"ka", u"க"}, {u"m", u"ம்"}});
-  TypeKeys(engine, u"kam");
-  EXPECT_EQ(engine.TypedKeys(), u"m");
-  EXPECT_EQ(sink.edits.back(), (Edit{0, u"ம்"}));
-  ExpectShown(u"கம்");
-}
-
 TEST_F(EngineTest, UnknownKeyIsTypedAsItselfAndKeptInTheBuffer) {
   Use({{u"k", u"க்"}});
   TypeKeys(engine, u"1");
@@ -99,15 +91,6 @@ TEST_F(EngineTest, UnknownKeyIsTypedAsItselfAndKeptInTheBuffer) {
   engine.ProcessKey(u'k');
   EXPECT_EQ(engine.TypedKeys(), u"1k");
   ExpectShown(u"1க்");
-}
-
-TEST_F(EngineTest, PrefixOfAKeyIsShownUntilTheKeyCompletes) {
-  Use({{u"a", u"1"}, {u"qa", u"Z"}});
-  engine.ProcessKey(u'q');
-  ExpectShown(u"q");
-  engine.ProcessKey(u'a');
-  EXPECT_EQ(sink.edits.back(), (Edit{1, u"Z"}));
-  ExpectShown(u"Z");
 }
 
 TEST_F(EngineTest, CharactersWithoutAnIndexRowStandForThemselves) {
@@ -149,12 +132,6 @@ TEST_F(EngineTest, NewKeymapStartsFromAnEmptyBuffer) {
   EXPECT_EQ(engine.CurrentOutput(), u"");
   engine.ProcessKey(u'k');
   EXPECT_EQ(engine.CurrentOutput(), u"K");
-}
-
-TEST_F(EngineTest, WithoutKeymapEveryKeyStandsForItself) {
-  engine.SetKeymap(nullptr);
-  TypeKeys(engine, u"ka");
-  ExpectShown(u"ka");
 }
 
 TEST_F(EngineTest, DropAllModeSendsNothingButKeepsTheRecord) {
@@ -200,9 +177,8 @@ TEST_F(EngineTest, NonJoiningOutputReplacesTheLastCharacterBeforeIt) {
   TypeKeys(engine, u"kq");
   EXPECT_EQ(sink.edits.back(), (Edit{1, u"Q"}));
   ExpectShown(u"Q");
-}
-
-TEST_F(EngineTest, JoiningSwitchOffLeavesOutputsAlone) {
+  // With the joining switch off the same keys keep both letters.
+  sink.screen.clear();
   Use({{u"k", u"K"}, {u"q", u"Q"}, {u"kqz", u"Z"}}, 1, kJoinWithZwnj);
   TypeKeys(engine, u"kq");
   ExpectShown(u"KQ");

@@ -78,18 +78,13 @@ TEST(KeymapParse, FirstCharIndexCoversEachRunOfKeys) {
   EXPECT_EQ(map.IndexRow(u'é'), -1);
 }
 
-TEST(KeymapParse, ModifierEndIsDroppedFromTheWideCopyInModeOneOnly) {
-  const std::u16string text = u"t\r\n<om>k க~</om>";
+TEST(KeymapParse, WideCopyDropsTheModifierEndInModeOneAndReadsBytesThroughTheCodePage) {
+  const std::u16string text = u"t\r\n<om>k க~</om>\r\n<om>e \u0080x</om>";
   const auto modeOne = Parse(text, 1, u'~');
-  EXPECT_EQ(modeOne.phoneticOutputs[1], u"க~");
+  EXPECT_EQ(OutputOf(modeOne, u"k"), u"க~");
   EXPECT_EQ(modeOne.phoneticOutputsWide[1], u"க");
-  const auto modeZero = Parse(text, 0, u'~');
-  EXPECT_EQ(modeZero.phoneticOutputsWide[1], u"க~");
-}
-
-TEST(KeymapParse, WideCopyReadsSingleByteOutputThroughTheCodePage) {
-  const auto map = Parse(u"t\r\n<om>e \u0080x</om>");
-  EXPECT_EQ(map.phoneticOutputsWide[1], u"€x");
+  EXPECT_EQ(modeOne.phoneticOutputsWide[2], u"€x");
+  EXPECT_EQ(Parse(text, 0, u'~').phoneticOutputsWide[1], u"க~");
 }
 
 TEST(KeymapParse, PunctuationSlotsHoldTheKeyPairsInModeOne) {
