@@ -17,7 +17,7 @@ bool HookHealth::NeedsReinstall(std::uint32_t lastSystemInputTick, bool hooksSee
   if (!hooksSeeAllInput) return false;
   // Signed: input older than the last event seen is no news.
   const auto unseen = static_cast<std::int32_t>(TicksBetween(lastSeen_, lastSystemInputTick));
-  if (unseen <= 0) return false;
+  if (unseen <= static_cast<std::int32_t>(kSkewToleranceMs)) return false;
   return TicksBetween(lastSystemInputTick, clock_.TickCount()) >= kSilenceMs;
 }
 

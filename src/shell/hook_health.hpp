@@ -8,10 +8,12 @@
 // silently, whose callback overruns the hook time-out; typing then dies in every other program
 // while ours looks fine. Two signs are watched, and either one asks for a re-install:
 // - a callback that ran longer than kSlowCallbackMs (the system may have given up on it);
-// - input that the system saw (GetLastInputInfo) after the last event our hooks saw, and that
-//   is already kSilenceMs old, so a live hook would have long been called for it. Only
-//   meaningful while the mouse hook runs too, because the system's tick includes mouse moves;
-//   the caller says so.
+// - input that the system saw (GetLastInputInfo) more than kSkewToleranceMs after the last
+//   event our hooks saw, and that is already kSilenceMs old, so a live hook would have long been
+//   called for it. The tolerance is there because the system's time stamp of an event can run a
+//   few milliseconds ahead of the tick our callback reads for the same event (seen under Wine).
+//   Only meaningful while the mouse hook runs too, because the system's tick includes mouse
+//   moves; the caller says so.
 // Driven by a timer of the main window every kCheckIntervalMs.
 namespace quilom::shell {
 
@@ -19,6 +21,7 @@ class HookHealth {
  public:
   static constexpr std::uint32_t kSlowCallbackMs = 200;
   static constexpr std::uint32_t kSilenceMs = 500;
+  static constexpr std::uint32_t kSkewToleranceMs = 250;
   static constexpr std::uint32_t kCheckIntervalMs = 1000;
 
   explicit HookHealth(const Clock& clock);

@@ -24,6 +24,7 @@ class TypingFront {
   HookPipeline& Pipeline() { return pipeline_; }
   HookSet& Hooks() { return hooks_; }
   HookHealth& Health() { return health_; }
+  const HookHealth& Health() const { return health_; }
 
   // Typing on: the global keyboard and mouse hooks replace the focal hook. Returns whether
   // typing is on afterwards.

@@ -119,6 +119,9 @@ TEST(HookHealth, InputTheHooksNeverSawMeansTheyWereDropped) {
   const std::uint32_t seen = clock.now;
   clock.now += 100;
   EXPECT_FALSE(health.NeedsReinstall(seen, true)) << "input the hooks saw";
+  clock.now += HookHealth::kSilenceMs;
+  EXPECT_FALSE(health.NeedsReinstall(seen + 5, true)) << "a time stamp a little ahead of ours is the same event";
+  clock.now = seen + HookHealth::kSkewToleranceMs + 1;
   EXPECT_FALSE(health.NeedsReinstall(clock.now, true)) << "too recent: a callback may be on its way";
   const std::uint32_t unseen = clock.now;
   clock.now += HookHealth::kSilenceMs;

@@ -201,7 +201,7 @@ void BelovedOska::ShowTypingState() {
 void BelovedOska::OnTimer(UINT_PTR id) {
   if (id == kHealthTimer) {
     LASTINPUTINFO lastInput{sizeof(LASTINPUTINFO), 0};
-    if (GetLastInputInfo(&lastInput)) front_.CheckHealth(lastInput.dwTime);
+    if (GetLastInputInfo(&lastInput) && front_.CheckHealth(lastInput.dwTime)) WriteStateFile();
     ShowTypingState();
   } else if (id == kExitPollTimer) {
     std::error_code error;
@@ -232,7 +232,9 @@ void BelovedOska::WriteStateFile() const {
          << "active=" << (GetForegroundWindow() == window_ ? 1 : 0) << "\n"
          << "iconic=" << (IsIconic(window_) ? 1 : 0) << "\n"
          << "button=" << (buttonRect.left + buttonRect.right) / 2 - windowRect.left << ","
-         << (buttonRect.top + buttonRect.bottom) / 2 - windowRect.top << "\n";
+         << (buttonRect.top + buttonRect.bottom) / 2 - windowRect.top << "\n"
+         << "reinstalls=" << front_.Health().ReinstallCount() << "\n"
+         << "slowest=" << front_.Health().SlowestCallbackMs() << "\n";
   }
   std::error_code error;
   std::filesystem::rename(temporary, options_.stateFile, error);

@@ -8,3 +8,5 @@ click_target
 xdotool type --delay 0 --file "$WORK/keys.txt"
 expect_text "$expected" 20
 expect_no_latin_characters
+# Typing this steady is no sign of a dropped hook: the health watch must not have stepped in.
+[ "$(quilom_state reinstalls)" = 0 ] || fail "the hooks were re-installed $(quilom_state reinstalls) times"

@@ -11,3 +11,5 @@ typed_ms=$((($(date +%s%N) - started) / 1000000))
 expect_text "$expected" 30
 echo "2000 keys typed in $typed_ms ms: $((2000 * 1000 / typed_ms)) keys a second"
 expect_no_latin_characters
+# Typing this steady is no sign of a dropped hook: the health watch must not have stepped in.
+[ "$(quilom_state reinstalls)" = 0 ] || fail "the hooks were re-installed $(quilom_state reinstalls) times"
