@@ -115,5 +115,11 @@ stop_programs() {
     for _ in $(seq 100); do kill -0 "$pid" 2>/dev/null || break; sleep 0.1; done
     kill "$pid" 2>/dev/null || true
   done
+  # A copy started through "wine start" is no child of ours: wait for its window to go, or the
+  # next test's copy would find it running and end at once.
+  for _ in $(seq 100); do
+    xdotool search --onlyvisible --name '^Quilom\+\+ : Direct Tamil' >/dev/null 2>&1 || break
+    sleep 0.1
+  done
 }
 trap stop_programs EXIT

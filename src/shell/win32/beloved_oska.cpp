@@ -112,6 +112,9 @@ LRESULT BelovedOska::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
       OnTimer(wParam);
       return 0;
     case WM_ACTIVATE:
+      active_ = LOWORD(wParam) != WA_INACTIVE;
+      WriteStateFile();
+      return DefWindowProcW(window_, message, wParam, lParam);
     case WM_SIZE:
       WriteStateFile();
       return DefWindowProcW(window_, message, wParam, lParam);
@@ -187,6 +190,8 @@ void BelovedOska::OnCommand(int id, int code) {
 }
 
 void BelovedOska::StartStopGlobalTyping() {
+  // Starting reads the keymap file again, so that a user's edit to it takes effect.
+  if (!front_.TypingOn()) LoadKeymap();
   front_.ToggleTyping();
   ShowTypingState();
   WriteStateFile();
@@ -229,7 +234,7 @@ void BelovedOska::WriteStateFile() const {
   {
     std::ofstream file(temporary, std::ios::binary);
     file << "typing=" << (front_.TypingOn() ? "on" : "off") << "\n"
-         << "active=" << (GetForegroundWindow() == window_ ? 1 : 0) << "\n"
+         << "active=" << (active_ ? 1 : 0) << "\n"
          << "iconic=" << (IsIconic(window_) ? 1 : 0) << "\n"
          << "button=" << (buttonRect.left + buttonRect.right) / 2 - windowRect.left << ","
          << (buttonRect.top + buttonRect.bottom) / 2 - windowRect.top << "\n"

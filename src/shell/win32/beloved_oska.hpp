@@ -66,6 +66,7 @@ class BelovedOska {
   TypingFront front_;
   bool closing_ = false;
   bool loaded_ = false;
+  bool active_ = false;
 };
 
 }  // namespace quilom::shell::win32
