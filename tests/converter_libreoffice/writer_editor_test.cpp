@@ -5,6 +5,7 @@
 #include "converter/document_backends.hpp"
 #include "converter/libreoffice/writer_document.hpp"
 #include "converter/libreoffice/writer_editor.hpp"
+#include "support/recording_reporter.hpp"
 #include "support/temp_folder.hpp"
 #include "text/utf.hpp"
 #include "writer_fixture.hpp"
@@ -26,8 +27,11 @@ TEST(WriterEditor, FindTextsAreLiteralCaseSensitiveAndFontBound) {
     const char16_t* find;
     const char16_t* replacement;
   } pairs[] = {{u"^b", u"[1]"}, {u"\\c", u"$0"}, {u".*", u"&"}, {u"$1&", u"\\n"}, {u"ab", u"X"}, {u"", u"never"}};
+  ScopedRecordingReporter reports;
   for (const auto& pair : pairs) EXPECT_TRUE(editor.ReplaceAll(pair.find, pair.replacement)) << text::Utf16ToUtf8(pair.find);
   ASSERT_TRUE(editor.FinishRun());
+  // The "a" of "Ab" in the find font holds a letter that a pair looked for: it is reported.
+  EXPECT_TRUE(reports->HasTag(u"LO - Left"));
   const auto paragraphs = ReadParagraphs(document);
   ASSERT_EQ(paragraphs.size(), 2u);
   EXPECT_EQ(TextOf(paragraphs[0]), u"a[1] $0 &d \\n Ab");

@@ -7,6 +7,7 @@
 #include <com/sun/star/text/XText.hpp>
 #include <com/sun/star/text/XTextRangeCompare.hpp>
 
+#include "converter/libreoffice/font_census.hpp"
 #include "converter/libreoffice/font_search.hpp"
 #include "converter/libreoffice/uno_text.hpp"
 
@@ -112,8 +113,15 @@ bool WriterEditor::ReplaceAll(std::u16string_view findText, std::u16string_view 
       search.fontName = tagger_.TemporaryName(document_, search.fontProperty, findFont_);
     }
     leftovers_.Note(search.fontProperty, search.fontName, findFont_, find);
-    ReplaceAllInFont(document_, search, replace, replacementFont_);
-    ReplaceMissedOccurrences(search, replace);
+    if (CannotMatchOutsideFindFont(search)) {
+      FontSearch anyFont = search;
+      anyFont.fontName.clear();
+      ReplaceAllInFont(document_, anyFont, replace, replacementFont_);
+    } else {
+      ReplaceAllInFont(document_, search, replace, replacementFont_);
+      ReplaceMissedOccurrences(search, replace);
+    }
+    if (!replacementFont_.empty()) insertedCharacters_.insert(replace.begin(), replace.end());
     return true;
   } catch (const css::uno::Exception& e) {
     Fail(DetailsOf(e, kSource));
@@ -140,6 +148,20 @@ bool WriterEditor::ReplaceInSelectionWithoutFont(const std::u16string& findText,
       properties->setPropertyValue(ToOUString(u"CharFontNameComplex"), font);
       properties->setPropertyValue(ToOUString(u"CharFontNameAsian"), font);
     }
+  }
+  return true;
+}
+
+bool WriterEditor::CannotMatchOutsideFindFont(const FontSearch& search) {
+  if (search.fontName.empty() || replacementFont_.empty() || replacementFont_ == search.fontName) return false;
+  const auto key = std::make_pair(search.fontProperty, search.fontName);
+  auto outside = charactersOutside_.find(key);
+  if (outside == charactersOutside_.end()) {
+    outside = charactersOutside_.emplace(key, CharactersOutsideFont(document_, search.fontProperty, search.fontName)).first;
+  }
+  for (char16_t c : search.text) {
+    // Text inserted in the replacement font since the census is outside the find font too.
+    if (outside->second.count(c) != 0 || insertedCharacters_.count(c) != 0) return false;
   }
   return true;
 }
@@ -200,6 +222,8 @@ bool WriterEditor::FinishRun() noexcept {
       ok = false;
     }
   };
+  charactersOutside_.clear();
+  insertedCharacters_.clear();
   step([&] { leftovers_.ReportLeftovers(document_); });
   step([&] { tagger_.RestoreAll(document_); });
   step([&] { markers_.Remove(document_); });

@@ -1,6 +1,9 @@
 #pragma once
 
+#include <map>
+#include <set>
 #include <string>
+#include <utility>
 
 #include <com/sun/star/frame/XModel.hpp>
 
@@ -27,6 +30,10 @@
 //   - Selection scope with a find font set converts exactly the selected text of that font
 //     (see SelectionTagger). Without a find font, the selection is converted occurrence by
 //     occurrence (slower; each replacement takes the formatting at its start).
+//   - A pair none of whose characters occurs outside the find font (a census taken when a
+//     find font is first used, plus every replacement inserted since) runs as a plain
+//     replace-all; other pairs run font-restricted, followed by a look for the occurrences
+//     that Writer's font-restricted replace-all misses next to differently formatted runs.
 //   - The find font is matched on the complex-script font for text with complex-script
 //     letters (Unicode Tamil), on the western font otherwise (legacy encodings).
 namespace quilom::converter::libreoffice {
@@ -53,6 +60,7 @@ class WriterEditor final : public DocumentEditor {
 
  private:
   bool BeginRun();
+  bool CannotMatchOutsideFindFont(const FontSearch& search);
   void ReplaceMissedOccurrences(const FontSearch& search, const std::u16string& replacement);
   bool ReplaceInSelectionWithoutFont(const std::u16string& findText, const std::u16string& replacement);
   void Fail(const ErrorDetails& details);
@@ -70,6 +78,8 @@ class WriterEditor final : public DocumentEditor {
   SelectionTagger tagger_;
   std::vector<com::sun::star::uno::Reference<com::sun::star::text::XTextRange>> selection_;
   LeftoverCheck leftovers_;
+  std::map<std::pair<std::u16string, std::u16string>, std::set<char16_t>> charactersOutside_;
+  std::set<char16_t> insertedCharacters_;
   ErrorDetails lastError_;
 };
 

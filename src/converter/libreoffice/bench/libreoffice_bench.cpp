@@ -121,8 +121,8 @@ int main(int argc, char** argv) {
   std::printf("document: %d paragraphs, %zu words, %zu table pairs\n", paragraphs, words,
               ParseConversionTable(request.tableText).pairs.size());
   std::printf("office start:            %8.3f s (not counted below)\n", startSeconds);
-  std::printf("plain-text core path:    %8.3f s\n", plainSeconds);
-  std::printf("LibreOffice Writer path: %8.3f s\n", officeSeconds);
+  std::printf("plain-text core path:    %11.6f s\n", plainSeconds);
+  std::printf("LibreOffice Writer path: %11.6f s\n", officeSeconds);
   std::printf("ratio (Writer / plain):  %8.1f\n", plainSeconds > 0 ? officeSeconds / plainSeconds : 0.0);
   std::printf("same text both ways:     %s\n", same ? "yes" : "NO");
   return same ? 0 : 2;

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <set>
+#include <string>
+
+#include <com/sun/star/frame/XModel.hpp>
+
+// Writer's font-restricted replace-all misses occurrences once a paragraph holds runs of the
+// find font that differ in other formatting (bold next to plain) and replacements have split
+// them; finding those one by one costs milliseconds each. A pair none of whose characters
+// occurs anywhere outside the find font cannot match outside it, so for such a pair the
+// editor uses the plain replace-all, which is fast and misses nothing. The census tells which
+// characters occur outside a font.
+namespace quilom::converter::libreoffice {
+
+// Every character that occurs in the document's text (all stories) in some other font than
+// `fontName` as `fontProperty` names it. Errs on the side of listing too much: text whose font
+// the search cannot see (inherited from a style) counts as outside. Throws UNO exceptions.
+std::set<char16_t> CharactersOutsideFont(const com::sun::star::uno::Reference<com::sun::star::frame::XModel>& document,
+                                         const std::u16string& fontProperty, const std::u16string& fontName);
+
+}  // namespace quilom::converter::libreoffice
