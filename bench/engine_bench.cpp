@@ -70,9 +70,9 @@ void BM_EnginePerKey(benchmark::State& state) {
       static_cast<double>(state.iterations() * static_cast<int64_t>(paragraph.size()));
   state.SetItemsProcessed(state.iterations() * static_cast<int64_t>(paragraph.size()));
   // Shown with an SI prefix: "85n" is 85 ns a key.
-  state.counters["time_per_key"] = benchmark::Counter(static_cast<double>(paragraph.size()),
-                                                      benchmark::Counter::kIsIterationInvariantRate |
-                                                          benchmark::Counter::kInvert);
+  state.counters["time_per_key"] =
+      benchmark::Counter(static_cast<double>(paragraph.size()),
+                         benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
 }
 BENCHMARK(BM_EnginePerKey);
 

@@ -29,7 +29,6 @@ using ProgressCallback = std::function<void(int percent)>;
 // application, then back to 0, and the engine is reset. An empty input gives "". On a failure
 // the problem is reported ("AT - Conv") and the text converted so far is returned.
 std::u16string AutoTransliterate(std::u16string_view input, translit::Engine& engine,
-                                 const AutoTransliterationOptions& options = {},
-                                 const ProgressCallback& progress = {});
+                                 const AutoTransliterationOptions& options = {}, const ProgressCallback& progress = {});
 
 }  // namespace quilom::tools

@@ -118,8 +118,10 @@ Engine::TailScan Engine::ScanTail(int start) const {
   ++last;
   while (first < last) {
     const int middle = first + (last - first) / 2;
-    if (CompareKeyToTail(keys[static_cast<size_t>(middle)], tail) < 0) first = middle + 1;
-    else last = middle;
+    if (CompareKeyToTail(keys[static_cast<size_t>(middle)], tail) < 0)
+      first = middle + 1;
+    else
+      last = middle;
   }
   if (first > keymap_->firstCharIndex[row][1]) return scan;
   const std::u16string& found = keys[static_cast<size_t>(first)];

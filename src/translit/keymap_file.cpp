@@ -23,10 +23,14 @@ std::optional<unsigned> ParseHex(std::u16string_view digits) {
   unsigned value = 0;
   for (char16_t ch : digits) {
     value <<= 4;
-    if (ch >= u'0' && ch <= u'9') value |= ch - u'0';
-    else if (ch >= u'A' && ch <= u'F') value |= ch - u'A' + 10;
-    else if (ch >= u'a' && ch <= u'f') value |= ch - u'a' + 10;
-    else return std::nullopt;
+    if (ch >= u'0' && ch <= u'9')
+      value |= ch - u'0';
+    else if (ch >= u'A' && ch <= u'F')
+      value |= ch - u'A' + 10;
+    else if (ch >= u'a' && ch <= u'f')
+      value |= ch - u'a' + 10;
+    else
+      return std::nullopt;
   }
   return value;
 }

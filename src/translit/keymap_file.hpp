@@ -29,7 +29,7 @@
 namespace quilom::translit {
 
 struct KeymapLoadOptions {
-  int typingMode = 0;       // see UsesJoiningRules
+  int typingMode = 0;         // see UsesJoiningRules
   char16_t modifierChar = 0;  // the modifier file's ModifierChar; 0 for none
 };
 

@@ -48,8 +48,10 @@ std::optional<Failure> ReadVowelRow(const std::u16string& line, size_t index, Mo
   auto& row = t.vowelSignMap[static_cast<size_t>(++t.vowelSignCount)];
   row = {fields[0], fields[2], fields[3] == u"-" ? std::u16string() : fields[3]};
   t.maxVowelKeyLength = std::max(t.maxVowelKeyLength, static_cast<int>(row.key.size()));
-  if (row.key == u"ee") t.hasLongEe = true;
-  else if (row.key == u"oo") t.hasLongOo = true;
+  if (row.key == u"ee")
+    t.hasLongEe = true;
+  else if (row.key == u"oo")
+    t.hasLongOo = true;
   return std::nullopt;
 }
 

@@ -34,8 +34,8 @@ struct LanguageJoining {
   // three fixed signs every language shares.
   bool Joins(char16_t ch) const {
     return (ch >= firstRangeLow && ch <= firstRangeHigh && firstRangeHigh != 0) ||
-           (ch >= secondRangeLow && ch <= secondRangeHigh && secondRangeHigh != 0) || ch == 0x09F0 ||
-           ch == 0x09F1 || ch == 0x0B71;
+           (ch >= secondRangeLow && ch <= secondRangeHigh && secondRangeHigh != 0) || ch == 0x09F0 || ch == 0x09F1 ||
+           ch == 0x0B71;
   }
 };
 

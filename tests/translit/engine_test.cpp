@@ -17,13 +17,8 @@ TEST(CommonPrefixDifference, KeepsTheUnchangedBeginning) {
     Edit expected;
   };
   const Row rows[] = {
-      {u"க", u"கா", {0, u"ா"}},
-      {u"க்", u"க", {1, u""}},
-      {u"abc", u"abd", {1, u"d"}},
-      {u"", u"xy", {0, u"xy"}},
-      {u"xyz", u"", {3, u""}},
-      {u"same", u"same", {0, u""}},
-      {u"ன்ட்", u"ந்த்", {4, u"ந்த்"}},
+      {u"க", u"கா", {0, u"ா"}}, {u"க்", u"க", {1, u""}},       {u"abc", u"abd", {1, u"d"}}, {u"", u"xy", {0, u"xy"}},
+      {u"xyz", u"", {3, u""}},  {u"same", u"same", {0, u""}}, {u"ன்ட்", u"ந்த்", {4, u"ந்த்"}},
   };
   for (const auto& row : rows) {
     EXPECT_EQ(CommonPrefixDifference(row.previous, row.next), row.expected)

@@ -29,10 +29,8 @@ TEST(KeymapParse, SplitsEachMarkedLineIntoKeyAndOutput) {
     std::u16string_view marked, key, output;
   };
   const Row rows[] = {
-      {u"k க", u"k", u"க"},
-      {u"xyz a b", u"xyz", u"a b"},
-      {u"two a  b", u"two", u"a  b"},
-      {u"lf அ|`~`|ஆ", u"lf", u"அ\nஆ"},
+      {u"k க", u"k", u"க"},           {u"xyz a b", u"xyz", u"a b"},
+      {u"two a  b", u"two", u"a  b"}, {u"lf அ|`~`|ஆ", u"lf", u"அ\nஆ"},
       {u" blank", u"", u"blank"},
   };
   for (const auto& row : rows) {
@@ -61,9 +59,9 @@ TEST(KeymapParse, SortsByCodeUnitsAndKeepsRawKeysInFileOrder) {
 }
 
 TEST(KeymapParse, FirstCharIndexCoversEachRunOfKeys) {
-  const auto map =
-      Parse(u"t\r\n<om>ka A</om>\r\n<om>k B</om>\r\n<om>m C</om>\r\n<om>kz D</om>\r\n<om>é E</om>\r\n<om>¬x F</om>\r\n"
-            u"<om>€ G</om>");
+  const auto map = Parse(
+      u"t\r\n<om>ka A</om>\r\n<om>k B</om>\r\n<om>m C</om>\r\n<om>kz D</om>\r\n<om>é E</om>\r\n<om>¬x F</om>\r\n"
+      u"<om>€ G</om>");
   // Sorted: k ka kz m ¬x é €(U+20AC)
   const auto row = [&](int code) { return map.firstCharIndex[code - kFirstIndexedCode]; };
   EXPECT_EQ(row('k'), (std::array<std::int32_t, 2>{1, 3}));
