@@ -46,6 +46,13 @@ const std::map<std::string, std::vector<Sample>>& SampleWords() {
       {"LatinScript&IPA-Unicode-PhoneticTransliteration", {{"cafe'", "café"}, {"Franc;ais", "Français"}, {"@s", "ʃ"}}},
       {"English-Unicode-PhoneticTransliteration", {{"wait...", "wait…"}, {"(c)", "©"}, {"--", "–"}}},
       {"Roman-Unicode-PhoneticTransliteration", {{"vaNakkam", "vaṇakkam"}, {"taan-", "tāṉ"}}},
+      // The glyph codes of வணக்கம் in each legacy encoding, as a document in that font holds them.
+      {"Tamil-Bamini-PhoneticTransliteration", {{"vaNakkam", "tzf;fk;"}}},
+      {"Tamil-Tscii-PhoneticTransliteration", {{"vaNakkam", "Å½ì¸õ"}}},
+      {"Tamil-Tab-PhoneticTransliteration", {{"vaNakkam", "õíè¢èñ¢"}}},
+      {"Tamil-Tam-PhoneticTransliteration", {{"vaNakkam", "õí‚è‹"}}},
+      {"Tamil-Stmzh-PhoneticTransliteration", {{"vaNakkam", "\uF06B\uF0F0\uF0C2\uF0EF\uF044"}}},
+      {"Tamil-Shreelipi-PhoneticTransliteration", {{"vaNakkam", "ÁnUP®"}}},
   };
   return table;
 }
@@ -121,6 +128,39 @@ TEST(KeymapCatalogue, EveryListedKeymapLoadsQuietlyAndTypesItsSampleWords) {
       continue;
     }
     for (const auto& sample : samples->second) EXPECT_EQ(typist.TypeUtf8(sample.keys), sample.text) << lfk;
+  }
+}
+
+std::string XmlEscaped(const std::string& text) {
+  std::string out;
+  for (const char ch : text) {
+    switch (ch) {
+      case '&': out += "&amp;"; break;
+      case '<': out += "&lt;"; break;
+      case '>': out += "&gt;"; break;
+      case '"': out += "&quot;"; break;
+      case '\'': out += "&#x27;"; break;
+      default: out += ch;
+    }
+  }
+  return out;
+}
+
+// A chart is drawn from its keymap; one drawn from an older keymap shows other letters.
+TEST(KeymapCatalogue, EveryListedKeymapHasACurrentChart) {
+  const auto charts = settings::DataFolders::ForDataRoot(SourceDataRoot()).mainDataFolder / "help" / "charts";
+  for (const auto& row : ReadList("Settings-Lfks-Original.txt")) {
+    const auto lfk = text::Utf16ToUtf8(row.lfk);
+    const std::string svg = ReadBytes(charts / (lfk + ".svg"));
+    ASSERT_FALSE(svg.empty()) << lfk << " has no chart";
+    KeymapTypist typist(row.lfk);
+    for (size_t i = 1; i < typist.tables->phoneticKeys.size(); ++i) {
+      const auto& key = typist.tables->phoneticKeys[i];
+      const auto typed = typist.Type(key);
+      if (key.size() != 1 || typed == key || key[0] == u' ') continue;
+      EXPECT_NE(svg.find(">" + XmlEscaped(text::Utf16ToUtf8(typed)) + "<"), std::string::npos)
+          << lfk << ": key " << text::Utf16ToUtf8(key);
+    }
   }
 }
 
