@@ -91,3 +91,57 @@ TEST(LibreOfficeBackend, SaysWhatToInstallWhenLibreOfficeIsMissing) {
 
 }  // namespace
 }  // namespace quilom::testing::lo
+
+#include <com/sun/star/beans/XPropertySet.hpp>
+#include <com/sun/star/beans/XPropertyState.hpp>
+#include <com/sun/star/container/XNameAccess.hpp>
+#include <com/sun/star/style/XStyleFamiliesSupplier.hpp>
+#include <com/sun/star/text/XText.hpp>
+#include <com/sun/star/text/XTextCursor.hpp>
+#include <com/sun/star/text/XTextDocument.hpp>
+
+#include "converter/libreoffice/uno_text.hpp"
+
+namespace quilom::testing::lo {
+namespace {
+namespace css = com::sun::star;
+using converter::libreoffice::ToOUString;
+using css::uno::Reference;
+using css::uno::UNO_QUERY_THROW;
+
+// Text that shows in the legacy font only because its paragraph style says so is converted.
+TEST(WriterEditor, TextInheritingTheFindFontFromItsParagraphStyleIsConverted) {
+  ASSERT_NE(Office(), nullptr);
+  const auto document = NewDocument({{{u"\u00BE\u00C1\u00A2\u00FA", u"Arial"}}, {{u"English", u"Arial"}}});
+  const Reference<css::container::XNameAccess> paragraphStyles(
+      Reference<css::style::XStyleFamiliesSupplier>(document, UNO_QUERY_THROW)
+          ->getStyleFamilies()
+          ->getByName(ToOUString(u"ParagraphStyles")),
+      UNO_QUERY_THROW);
+  Reference<css::beans::XPropertySet>(paragraphStyles->getByName(ToOUString(u"Standard")), UNO_QUERY_THROW)
+      ->setPropertyValue(ToOUString(u"CharFontName"), css::uno::Any(ToOUString(u"TSCu_Paranar")));
+  // The first paragraph loses its direct font and shows in the style's.
+  const Reference<css::text::XText> body = Reference<css::text::XTextDocument>(document, UNO_QUERY_THROW)->getText();
+  const Reference<css::text::XTextCursor> first = body->createTextCursor();
+  first->gotoStart(false);
+  first->goRight(4, true);
+  Reference<css::beans::XPropertyState>(first, UNO_QUERY_THROW)->setPropertyToDefault(ToOUString(u"CharFontName"));
+  ASSERT_EQ(ReadParagraphs(document)[0][0].font, u"TSCu_Paranar");
+
+  converter::libreoffice::WriterEditor editor(document, true);
+  editor.SetFindFont(u"TSCu_Paranar");
+  editor.SetReplacementFont(u"Noto Sans Tamil");
+  for (const auto& [find, replacement] : {std::pair{u"\u00A2", u"ி"}, std::pair{u"\u00FA", u"ழ்"},
+                                          std::pair{u"\u00BE", u"த"}, std::pair{u"\u00C1", u"ம"}}) {
+    ASSERT_TRUE(editor.ReplaceAll(find, replacement));
+  }
+  ASSERT_TRUE(editor.FinishRun());
+  const auto paragraphs = ReadParagraphs(document);
+  EXPECT_EQ(TextOf(paragraphs[0]), u"தமிழ்");
+  EXPECT_EQ(paragraphs[0][0].font, u"Noto Sans Tamil");
+  EXPECT_EQ(TextOf(paragraphs[1]), u"English");
+  converter::libreoffice::CloseDocument(document);
+}
+
+}  // namespace
+}  // namespace quilom::testing::lo

@@ -19,4 +19,12 @@ namespace quilom::converter::libreoffice {
 std::set<char16_t> CharactersOutsideFont(const com::sun::star::uno::Reference<com::sun::star::frame::XModel>& document,
                                          const std::u16string& fontProperty, const std::u16string& fontName);
 
+// Gives every run of the body text (paragraphs and table cells) whose `fontProperty` is
+// `fontName` only by inheritance (from its paragraph style or the document default) that
+// font as direct formatting. Writer's font-restricted search sees direct formatting only, so
+// without this such text would never be converted. Nothing changes on screen. Returns the
+// number of runs changed. Throws UNO exceptions.
+int MakeInheritedFontDirect(const com::sun::star::uno::Reference<com::sun::star::frame::XModel>& document,
+                            const std::u16string& fontProperty, const std::u16string& fontName);
+
 }  // namespace quilom::converter::libreoffice

@@ -1,5 +1,7 @@
 #include "converter/libreoffice/writer_editor.hpp"
 
+#include <algorithm>
+
 #include <com/sun/star/beans/XPropertySet.hpp>
 #include <com/sun/star/container/XIndexAccess.hpp>
 #include <com/sun/star/document/XUndoManager.hpp>
@@ -109,6 +111,7 @@ bool WriterEditor::ReplaceAll(std::u16string_view findText, std::u16string_view 
     search.text = find;
     search.fontProperty = FontPropertyFor(find);
     search.fontName = findFont_;
+    PrepareFindFont(search.fontProperty);
     if (scope_ == EditScope::Selection) {
       search.fontName = tagger_.TemporaryName(document_, search.fontProperty, findFont_);
     }
@@ -150,6 +153,14 @@ bool WriterEditor::ReplaceInSelectionWithoutFont(const std::u16string& findText,
     }
   }
   return true;
+}
+
+void WriterEditor::PrepareFindFont(const std::u16string& fontProperty) {
+  if (findFont_.empty()) return;
+  const auto key = std::make_pair(fontProperty, findFont_);
+  if (std::find(preparedFonts_.begin(), preparedFonts_.end(), key) != preparedFonts_.end()) return;
+  preparedFonts_.push_back(key);
+  MakeInheritedFontDirect(document_, fontProperty, findFont_);
 }
 
 bool WriterEditor::CannotMatchOutsideFindFont(const FontSearch& search) {
@@ -224,6 +235,7 @@ bool WriterEditor::FinishRun() noexcept {
   };
   charactersOutside_.clear();
   insertedCharacters_.clear();
+  preparedFonts_.clear();
   step([&] { leftovers_.ReportLeftovers(document_); });
   step([&] { tagger_.RestoreAll(document_); });
   step([&] { markers_.Remove(document_); });

@@ -34,6 +34,10 @@
 //     find font is first used, plus every replacement inserted since) runs as a plain
 //     replace-all; other pairs run font-restricted, followed by a look for the occurrences
 //     that Writer's font-restricted replace-all misses next to differently formatted runs.
+//   - Body text (paragraphs, table cells) whose find font comes from its paragraph style or
+//     the document default gets that font as direct formatting when the font is first used,
+//     so that the font-restricted search sees it; elsewhere (headers, footnotes, frames) such
+//     text is left and reported.
 //   - The find font is matched on the complex-script font for text with complex-script
 //     letters (Unicode Tamil), on the western font otherwise (legacy encodings).
 namespace quilom::converter::libreoffice {
@@ -60,6 +64,7 @@ class WriterEditor final : public DocumentEditor {
 
  private:
   bool BeginRun();
+  void PrepareFindFont(const std::u16string& fontProperty);
   bool CannotMatchOutsideFindFont(const FontSearch& search);
   void ReplaceMissedOccurrences(const FontSearch& search, const std::u16string& replacement);
   bool ReplaceInSelectionWithoutFont(const std::u16string& findText, const std::u16string& replacement);
@@ -80,6 +85,7 @@ class WriterEditor final : public DocumentEditor {
   LeftoverCheck leftovers_;
   std::map<std::pair<std::u16string, std::u16string>, std::set<char16_t>> charactersOutside_;
   std::set<char16_t> insertedCharacters_;
+  std::vector<std::pair<std::u16string, std::u16string>> preparedFonts_;
   ErrorDetails lastError_;
 };
 
