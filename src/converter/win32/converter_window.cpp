@@ -113,12 +113,23 @@ LRESULT ConverterWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
       return 0;
     case DM_GETDEFID:
       return MAKELONG(kCmdConvert, DC_HASDEFID);
+    case WM_NEXTDLGCTL:
+      // IsDialogMessage moves the focus (Tab, label mnemonics) with this dialog message, which
+      // a plain window's default procedure ignores.
+      MoveFocus(wParam, LOWORD(lParam) != 0);
+      return 0;
     case WM_DESTROY:
       StopDialogNavigation(window_);
       return 0;
     default:
       return DefWindowProcW(window_, message, wParam, lParam);
   }
+}
+
+void ConverterWindow::MoveFocus(WPARAM target, bool isHandle) {
+  HWND next = isHandle ? reinterpret_cast<HWND>(target) : GetNextDlgTabItem(window_, GetFocus(), target != 0);
+  if (next == nullptr) return;
+  SetFocus(next);
 }
 
 void ConverterWindow::OnCommand(int id, int code) {

@@ -48,6 +48,7 @@ class ConverterWindow {
  private:
   LRESULT Handle(UINT message, WPARAM wParam, LPARAM lParam);
   void OnCommand(int id, int code);
+  void MoveFocus(WPARAM target, bool isHandle);
 
   // converter_window_controls.cpp
   void CreateControls();
