@@ -177,8 +177,8 @@ HookDecision HookPipeline::DecideFocal(const KeyEvent& event) {
     decision.swallow = downRecords_[vk] == DownRecord::Swallowed;
     downRecords_[vk] = DownRecord::None;
   }
-  const bool keepsArmed = state_.hotkeys.IsHotkey(vk) || keyClass == KeyClass::Digit ||
-                          keyClass == KeyClass::NumpadDigit;
+  const bool keepsArmed =
+      state_.hotkeys.IsHotkey(vk) || keyClass == KeyClass::Digit || keyClass == KeyClass::NumpadDigit;
   if (!decision.swallow && !keepsArmed) state_.HotkeyArmed = false;
   return decision;
 }

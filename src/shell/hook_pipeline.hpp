@@ -42,8 +42,7 @@ class HookPipeline {
   // which key-up processing would reorder.
   static constexpr std::uint32_t kFastKeyMs = 56;
 
-  HookPipeline(TypingFrontState& state, HookedKeyProcessor& processor, const KeyStateReader& keys,
-               const Clock& clock);
+  HookPipeline(TypingFrontState& state, HookedKeyProcessor& processor, const KeyStateReader& keys, const Clock& clock);
 
   // Decide only (state is updated; ProcessHookedKey is not called).
   HookDecision DecideGlobal(const KeyEvent& event);

@@ -16,7 +16,8 @@ const std::array<KeyInputRecord, kBackspaceSlots>& BackspaceInputs() {
 }
 
 std::array<KeyInputRecord, 2> UnicodeCharInputs(char16_t codeUnit) {
-  return {KeyInputRecord{0, codeUnit, kKeyEventUnicode}, KeyInputRecord{0, codeUnit, kKeyEventUnicode | kKeyEventKeyUp}};
+  return {KeyInputRecord{0, codeUnit, kKeyEventUnicode},
+          KeyInputRecord{0, codeUnit, kKeyEventUnicode | kKeyEventKeyUp}};
 }
 
 void PlanReplacement(int eraseCount, std::u16string_view text, std::vector<InputBatch>& plan) {

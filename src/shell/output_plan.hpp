@@ -36,9 +36,9 @@ enum class InputTable : std::uint8_t { Backspace, UnicodeChar };
 
 struct InputBatch {
   InputTable table = InputTable::Backspace;
-  std::uint8_t first = 0;   // first slot of the Backspace table
-  std::uint8_t count = 0;   // records in the batch (always 2 for a Unicode press)
-  char16_t codeUnit = 0;    // for UnicodeChar batches
+  std::uint8_t first = 0;  // first slot of the Backspace table
+  std::uint8_t count = 0;  // records in the batch (always 2 for a Unicode press)
+  char16_t codeUnit = 0;   // for UnicodeChar batches
   bool operator==(const InputBatch&) const = default;
 };
 

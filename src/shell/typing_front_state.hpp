@@ -29,8 +29,8 @@ struct HotkeyCodes {
 struct TypingFrontState {
   HookKeyState keys;
   HotkeyCodes hotkeys;
-  int ClickPending = 0;       // 1 from a left click until the keyboard hook leaves click mode
-  bool HotkeyArmed = false;   // a hotkey key arrived; the next digit may select a keymap
+  int ClickPending = 0;      // 1 from a left click until the keyboard hook leaves click mode
+  bool HotkeyArmed = false;  // a hotkey key arrived; the next digit may select a keymap
 };
 
 }  // namespace quilom::shell

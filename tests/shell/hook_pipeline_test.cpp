@@ -1,9 +1,10 @@
+#include "shell/hook_pipeline.hpp"
+
 #include <gtest/gtest.h>
 
 #include <initializer_list>
 #include <vector>
 
-#include "shell/hook_pipeline.hpp"
 #include "shell/key_classes.hpp"
 #include "shell_fakes.hpp"
 
@@ -60,31 +61,31 @@ TEST_P(NormalModeTable, DecidesCallsAndVerdict) {
 
 INSTANTIATE_TEST_SUITE_P(
     HookDecision, NormalModeTable,
-    ::testing::Values(
-        NormalRow{"Letter", Down('K'), {}, {{0, 'K'}}, true},
-        NormalRow{"ShiftedLetter", Down('A'), {kVkShift}, {{1, 'A'}}, true},
-        NormalRow{"Space", Down(' '), {}, {{0, ' '}}, true},
-        NormalRow{"Punctuation", Down(0xBA), {}, {{0, 0xBA}}, true},
-        NormalRow{"Digit", Down('7'), {kVkShift}, {{1, '7'}}, true},
-        NormalRow{"ShiftKeyItselfPasses", Down(0xA0), {}, {}, false},
-        NormalRow{"PrimaryHotkeyIsHandedOverAndPasses", Down(kPrimary), {}, {{0, kPrimary}}, false},
-        NormalRow{"SecondaryHotkeyIsSwallowed", Down(kSecondary), {}, {{0, kSecondary}}, true},
-        NormalRow{"NumpadDigitIsSwallowed", Down(0x63), {}, {{0, 0x63}}, true},
-        NormalRow{"TabBreaksAndPasses", Down(kVkTab), {}, {{0, kVkTab}}, false},
-        NormalRow{"EnterBreaksAndPasses", Down(kVkReturn), {}, {{0, kVkReturn}}, false},
-        NormalRow{"ArrowResetsAndPasses", Down(0x25), {}, {{0, kResetSignal}}, false},
-        NormalRow{"BackspaceDownResetsAndPasses", Down(kVkBack), {}, {{0, kResetSignal}}, false},
-        NormalRow{"CtrlCPassesUntouched", Down('C'), {kVkControl}, {}, false},
-        NormalRow{"AltFPassesUntouched", SysDown('F'), {kVkMenu}, {}, false},
-        NormalRow{"WinEPassesUntouched", Down('E'), {kVkLWin}, {}, false},
-        NormalRow{"CtrlTabNotifiesAndPasses", Down(kVkTab), {kVkControl}, {{0, kVkTab}}, false},
-        NormalRow{"CtrlF5ResetsAndPasses", Down(0x74), {kVkControl}, {{0, kResetSignal}}, false},
-        NormalRow{"InjectedKeyDownPassesUntouched", Down('K', kFlagInjected), {}, {}, false},
-        // Injected Unicode key-ups arrive without the up flag; the message decides.
-        NormalRow{"InjectedUnicodeKeyUpPassesUntouched", Up(0xE7, kFlagInjected), {}, {}, false},
-        NormalRow{"BackspaceUpWithUpFlagOnlyResets", Up(kVkBack, kFlagUp), {}, {{0, kResetSignal}}, false},
-        NormalRow{"BackspaceUpWithOtherFlagsDoesNot", Up(kVkBack, kFlagUp | 0x1), {}, {}, false},
-        NormalRow{"UnrelatedKeyUpPasses", Up(0x25), {}, {}, false}),
+    ::testing::Values(NormalRow{"Letter", Down('K'), {}, {{0, 'K'}}, true},
+                      NormalRow{"ShiftedLetter", Down('A'), {kVkShift}, {{1, 'A'}}, true},
+                      NormalRow{"Space", Down(' '), {}, {{0, ' '}}, true},
+                      NormalRow{"Punctuation", Down(0xBA), {}, {{0, 0xBA}}, true},
+                      NormalRow{"Digit", Down('7'), {kVkShift}, {{1, '7'}}, true},
+                      NormalRow{"ShiftKeyItselfPasses", Down(0xA0), {}, {}, false},
+                      NormalRow{"PrimaryHotkeyIsHandedOverAndPasses", Down(kPrimary), {}, {{0, kPrimary}}, false},
+                      NormalRow{"SecondaryHotkeyIsSwallowed", Down(kSecondary), {}, {{0, kSecondary}}, true},
+                      NormalRow{"NumpadDigitIsSwallowed", Down(0x63), {}, {{0, 0x63}}, true},
+                      NormalRow{"TabBreaksAndPasses", Down(kVkTab), {}, {{0, kVkTab}}, false},
+                      NormalRow{"EnterBreaksAndPasses", Down(kVkReturn), {}, {{0, kVkReturn}}, false},
+                      NormalRow{"ArrowResetsAndPasses", Down(0x25), {}, {{0, kResetSignal}}, false},
+                      NormalRow{"BackspaceDownResetsAndPasses", Down(kVkBack), {}, {{0, kResetSignal}}, false},
+                      NormalRow{"CtrlCPassesUntouched", Down('C'), {kVkControl}, {}, false},
+                      NormalRow{"AltFPassesUntouched", SysDown('F'), {kVkMenu}, {}, false},
+                      NormalRow{"WinEPassesUntouched", Down('E'), {kVkLWin}, {}, false},
+                      NormalRow{"CtrlTabNotifiesAndPasses", Down(kVkTab), {kVkControl}, {{0, kVkTab}}, false},
+                      NormalRow{"CtrlF5ResetsAndPasses", Down(0x74), {kVkControl}, {{0, kResetSignal}}, false},
+                      NormalRow{"InjectedKeyDownPassesUntouched", Down('K', kFlagInjected), {}, {}, false},
+                      // Injected Unicode key-ups arrive without the up flag; the message decides.
+                      NormalRow{"InjectedUnicodeKeyUpPassesUntouched", Up(0xE7, kFlagInjected), {}, {}, false},
+                      NormalRow{
+                          "BackspaceUpWithUpFlagOnlyResets", Up(kVkBack, kFlagUp), {}, {{0, kResetSignal}}, false},
+                      NormalRow{"BackspaceUpWithOtherFlagsDoesNot", Up(kVkBack, kFlagUp | 0x1), {}, {}, false},
+                      NormalRow{"UnrelatedKeyUpPasses", Up(0x25), {}, {}, false}),
     [](const ::testing::TestParamInfo<NormalRow>& info) { return info.param.name; });
 
 TEST_F(HookPipelineTest, KeyUpGetsItsKeyDownsVerdict) {

@@ -1,14 +1,15 @@
+#include "shell/hook_set.hpp"
+
 #include <gtest/gtest.h>
 
 #include <string>
 #include <vector>
 
-#include "support/recording_reporter.hpp"
 #include "shell/hook_health.hpp"
-#include "shell/hook_set.hpp"
 #include "shell/process_list.hpp"
 #include "shell/typing_front.hpp"
 #include "shell_fakes.hpp"
+#include "support/recording_reporter.hpp"
 
 namespace quilom::shell {
 namespace {
@@ -55,7 +56,8 @@ TEST_F(HookSetTest, InstallingTwiceInstallsOnce) {
   hooks.InstallGlobal(false);
   hooks.InstallGlobal(false);
   hooks.InstallMouse();
-  EXPECT_EQ(platform.log, (std::vector<std::string>{"install focal", "remove focal", "install global", "install mouse"}));
+  EXPECT_EQ(platform.log,
+            (std::vector<std::string>{"install focal", "remove focal", "install global", "install mouse"}));
 }
 
 TEST_F(HookSetTest, FailedInstallIsReportedWithItsTagAndRetried) {
@@ -95,7 +97,8 @@ TEST_F(HookSetTest, ReinstallPutsTheNewHookInBeforeTheOldGoes) {
   hooks.InstallGlobal(false);
   platform.log.clear();
   hooks.Reinstall();
-  EXPECT_EQ(platform.log, (std::vector<std::string>{"install global", "remove global", "install mouse", "remove mouse"}));
+  EXPECT_EQ(platform.log,
+            (std::vector<std::string>{"install global", "remove global", "install mouse", "remove mouse"}));
   EXPECT_EQ(KeyboardHooks(platform), 1);
   EXPECT_EQ(platform.LiveCount(HookKind::Mouse), 1);
 }
@@ -145,8 +148,8 @@ TEST(TypingFront, ToggleKeepsOneKeyboardHookAndResetsOnStop) {
 }
 
 TEST(ProcessList, FindsTheWordProcessorInAnyCase) {
-  const std::vector<ProcessEntry> processes = {{4, u"WINWORD.EXE"}, {8, u"explorer.exe"}, {9, u"winword.exe"},
-                                               {12, u"winword.exe.bak"}};
+  const std::vector<ProcessEntry> processes = {
+      {4, u"WINWORD.EXE"}, {8, u"explorer.exe"}, {9, u"winword.exe"}, {12, u"winword.exe.bak"}};
   EXPECT_EQ(ProcessIdsNamed(processes, u"winword.exe"), (std::vector<std::uint32_t>{4, 9}));
 }
 

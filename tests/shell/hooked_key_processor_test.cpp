@@ -1,8 +1,9 @@
+#include "shell/hooked_key_processor.hpp"
+
 #include <gtest/gtest.h>
 
 #include <vector>
 
-#include "shell/hooked_key_processor.hpp"
 #include "shell/key_classes.hpp"
 #include "shell/us_keyboard.hpp"
 #include "shell_fakes.hpp"
@@ -79,8 +80,8 @@ TEST(UsKeyboard, CharactersOfAUsKeyboard) {
     bool shift;
     char16_t expected;
   };
-  const Row rows[] = {{'A', false, u'a'}, {'Z', true, u'Z'},  {' ', true, u' '},  {'0', false, u'0'},
-                      {'2', true, u'@'},  {'9', true, u'('},  {0xBA, true, u':'}, {0xC0, true, u'~'},
+  const Row rows[] = {{'A', false, u'a'},   {'Z', true, u'Z'},  {' ', true, u' '},  {'0', false, u'0'},
+                      {'2', true, u'@'},    {'9', true, u'('},  {0xBA, true, u':'}, {0xC0, true, u'~'},
                       {0xDC, false, u'\\'}, {0xDE, true, u'"'}, {0x60, true, u'0'}, {0xDF, false, 0},
                       {0x25, false, 0}};
   for (const Row& row : rows) {

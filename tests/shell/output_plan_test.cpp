@@ -3,9 +3,9 @@
 #include <numeric>
 #include <vector>
 
-#include "support/recording_reporter.hpp"
 #include "shell/typing_output.hpp"
 #include "shell_fakes.hpp"
+#include "support/recording_reporter.hpp"
 
 namespace quilom::shell {
 namespace {

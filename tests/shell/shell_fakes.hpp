@@ -89,9 +89,12 @@ class FakeHookPlatform final : public HookPlatform {
   }
   static std::string Name(HookKind kind) {
     switch (kind) {
-      case HookKind::GlobalKeyboard: return "global";
-      case HookKind::FocalKeyboard: return "focal";
-      case HookKind::Mouse: return "mouse";
+      case HookKind::GlobalKeyboard:
+        return "global";
+      case HookKind::FocalKeyboard:
+        return "focal";
+      case HookKind::Mouse:
+        return "mouse";
     }
     return "?";
   }

@@ -23,8 +23,8 @@ const wchar_t* LoadRichEditClass() {
 
 HWND RichEditBox::Create(HWND parent, int id, const RECT& bounds) {
   return CreateWindowExW(WS_EX_CLIENTEDGE, LoadRichEditClass(), L"",
-                         WS_CHILD | WS_VISIBLE | WS_VSCROLL | WS_TABSTOP | ES_MULTILINE | ES_AUTOVSCROLL,
-                         bounds.left, bounds.top, bounds.right - bounds.left, bounds.bottom - bounds.top, parent,
+                         WS_CHILD | WS_VISIBLE | WS_VSCROLL | WS_TABSTOP | ES_MULTILINE | ES_AUTOVSCROLL, bounds.left,
+                         bounds.top, bounds.right - bounds.left, bounds.bottom - bounds.top, parent,
                          reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), GetModuleHandleW(nullptr), nullptr);
 }
 
@@ -38,15 +38,13 @@ std::u16string RichEditBox::Text() const {
   query.cb = static_cast<DWORD>(buffer.size() * sizeof(wchar_t));
   query.flags = GT_RAWTEXT;
   query.codepage = 1200;
-  const auto copied = SendMessageW(control_, EM_GETTEXTEX, reinterpret_cast<WPARAM>(&query),
-                                   reinterpret_cast<LPARAM>(buffer.data()));
+  const auto copied =
+      SendMessageW(control_, EM_GETTEXTEX, reinterpret_cast<WPARAM>(&query), reinterpret_cast<LPARAM>(buffer.data()));
   buffer.resize(static_cast<std::size_t>(copied > 0 ? copied : 0));
   return FromWide(buffer);
 }
 
-void RichEditBox::SetText(std::u16string_view text) {
-  SetWindowTextW(control_, ToWide(text).c_str());
-}
+void RichEditBox::SetText(std::u16string_view text) { SetWindowTextW(control_, ToWide(text).c_str()); }
 
 int RichEditBox::SelStart() const {
   CHARRANGE range{};

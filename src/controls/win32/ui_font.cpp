@@ -48,6 +48,8 @@ UiFont::~UiFont() {
   if (font_ != nullptr) DeleteObject(font_);
 }
 
-void UiFont::ApplyTo(HWND control) const { SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(Handle()), TRUE); }
+void UiFont::ApplyTo(HWND control) const {
+  SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(Handle()), TRUE);
+}
 
 }  // namespace quilom::controls

@@ -139,8 +139,8 @@ void BelovedOska::CreateControls() {
                         SS_LEFT, 20, 50, 440, 40);
   uiFont_.ApplyTo(help);
   // The Tamil has its own label: the interface font may have no Tamil, a Tamil font no Latin.
-  HWND example = MakeChild(window_, L"STATIC", L"\x0BB5\x0BA3\x0B95\x0BCD\x0B95\x0BAE\x0BCD", SS_LEFT, 470, 62,
-                           220, 34);
+  HWND example =
+      MakeChild(window_, L"STATIC", L"\x0BB5\x0BA3\x0B95\x0BCD\x0B95\x0BAE\x0BCD", SS_LEFT, 470, 62, 220, 34);
   exampleFont_.ApplyTo(example);
   startStop_ = MakeChild(window_, L"BUTTON", L"", BS_PUSHBUTTON | WS_TABSTOP, 20, 98, 260, 36, kStartStopId);
   uiFont_.ApplyTo(startStop_);
@@ -148,7 +148,8 @@ void BelovedOska::CreateControls() {
   uiFont_.ApplyTo(status_);
   HWND tryHere = MakeChild(window_, L"STATIC", L"Try it here too:", SS_LEFT, 20, 148, 300, 22);
   uiFont_.ApplyTo(tryHere);
-  editor_ = std::make_unique<controls::RichEditBox>(controls::RichEditBox::Create(window_, kEditorId, {20, 172, 680, 352}));
+  editor_ =
+      std::make_unique<controls::RichEditBox>(controls::RichEditBox::Create(window_, kEditorId, {20, 172, 680, 352}));
   tamilFont_.ApplyTo(editor_->Handle());
   version_ = MakeChild(window_, L"STATIC", L"", SS_RIGHT, 520, 362, 160, 22);
   uiFont_.ApplyTo(version_);

@@ -1,6 +1,7 @@
 #include "shell/win32/launch_options.hpp"
 
 #include <windows.h>
+// After windows.h, which it builds on.
 #include <shellapi.h>
 
 namespace quilom::shell::win32 {

@@ -1,6 +1,7 @@
 #include "shell/win32/process_snapshot.hpp"
 
 #include <windows.h>
+// After windows.h, which it builds on.
 #include <tlhelp32.h>
 
 #include "controls/win32/wide_text.hpp"

@@ -22,7 +22,8 @@ WNDPROC g_editProc = nullptr;
 
 std::string ToUtf8(const std::wstring& text) {
   if (text.empty()) return {};
-  const int size = WideCharToMultiByte(CP_UTF8, 0, text.data(), static_cast<int>(text.size()), nullptr, 0, nullptr, nullptr);
+  const int size =
+      WideCharToMultiByte(CP_UTF8, 0, text.data(), static_cast<int>(text.size()), nullptr, 0, nullptr, nullptr);
   std::string bytes(static_cast<size_t>(size), '\0');
   WideCharToMultiByte(CP_UTF8, 0, text.data(), static_cast<int>(text.size()), bytes.data(), size, nullptr, nullptr);
   return bytes;
@@ -53,12 +54,23 @@ void LogKey(const char* kind, WPARAM wParam) {
 
 LRESULT CALLBACK EditProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
-    case WM_KEYDOWN: LogKey("KEYDOWN", wParam); break;
-    case WM_SYSKEYDOWN: LogKey("SYSKEYDOWN", wParam); break;
-    case WM_KEYUP: LogKey("KEYUP", wParam); break;
-    case WM_SYSKEYUP: LogKey("SYSKEYUP", wParam); break;
-    case WM_CHAR: LogKey("CHAR", wParam); break;
-    default: break;
+    case WM_KEYDOWN:
+      LogKey("KEYDOWN", wParam);
+      break;
+    case WM_SYSKEYDOWN:
+      LogKey("SYSKEYDOWN", wParam);
+      break;
+    case WM_KEYUP:
+      LogKey("KEYUP", wParam);
+      break;
+    case WM_SYSKEYUP:
+      LogKey("SYSKEYUP", wParam);
+      break;
+    case WM_CHAR:
+      LogKey("CHAR", wParam);
+      break;
+    default:
+      break;
   }
   return CallWindowProcW(g_editProc, window, message, wParam, lParam);
 }
@@ -100,10 +112,10 @@ int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR, int) {
   windowClass.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_WINDOW + 1);
   windowClass.lpszClassName = L"E2ETargetWindow";
   RegisterClassW(&windowClass);
-  HWND window = CreateWindowExW(0, windowClass.lpszClassName, kTitle, WS_OVERLAPPEDWINDOW, 40, 450, 700, 240,
-                                nullptr, nullptr, instance, nullptr);
-  g_edit = CreateWindowExW(WS_EX_CLIENTEDGE, L"EDIT", L"", WS_CHILD | WS_VISIBLE | ES_MULTILINE | ES_AUTOVSCROLL,
-                           10, 10, 670, 180, window, nullptr, instance, nullptr);
+  HWND window = CreateWindowExW(0, windowClass.lpszClassName, kTitle, WS_OVERLAPPEDWINDOW, 40, 450, 700, 240, nullptr,
+                                nullptr, instance, nullptr);
+  g_edit = CreateWindowExW(WS_EX_CLIENTEDGE, L"EDIT", L"", WS_CHILD | WS_VISIBLE | ES_MULTILINE | ES_AUTOVSCROLL, 10,
+                           10, 670, 180, window, nullptr, instance, nullptr);
   HFONT font = CreateFontW(-28, 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE, DEFAULT_CHARSET, OUT_DEFAULT_PRECIS,
                            CLIP_DEFAULT_PRECIS, CLEARTYPE_QUALITY, DEFAULT_PITCH, L"Lohit Tamil");
   SendMessageW(g_edit, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
