@@ -2,9 +2,9 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 #include "converter/conversion_table.hpp"
@@ -21,6 +21,32 @@
 // tried, in table order. The cost is linear in the text.
 namespace quilom::converter {
 
+// Converted words by their source text: open addressing over one array, looked up by view, so
+// that a word already seen costs a hash and a compare.
+class WordMemo {
+ public:
+  // The remembered result, or nothing.
+  std::optional<std::u16string_view> Find(std::u16string_view word) const;
+  void Insert(std::u16string_view word, std::u16string_view converted);
+  std::size_t Size() const { return count_; }
+  void Clear();
+
+ private:
+  static std::uint64_t Hash(std::u16string_view word);
+  void Grow();
+
+  // A slot keeps the hash beside the place of the word, so a probe that misses never leaves
+  // the slot array; words and results lie one after the other in one arena.
+  struct Slot {
+    std::uint32_t hash = 0;
+    std::uint32_t offset = 0;  // into arena_: word length, result length, word, result
+    bool used = false;
+  };
+  std::vector<Slot> slots_;
+  std::u16string arena_;
+  std::size_t count_ = 0;
+};
+
 class PairReplacer {
  public:
   explicit PairReplacer(std::vector<TablePair> pairs);
@@ -31,15 +57,30 @@ class PairReplacer {
   std::size_t PairCount() const { return pairs_.size(); }
 
  private:
+  // A set of pair indexes as bits, and a 64-bit summary of which code units a text holds.
+  using PairBits = std::vector<std::uint64_t>;
+  struct UnitInfo {
+    std::size_t bitsIndex = 0;  // into unitPairBits_; 0 = no pair begins with the unit
+    std::uint64_t signature = 0;
+  };
+
   std::u16string ConvertWord(std::u16string_view word) const;
-  std::size_t NextCandidate(const std::u16string& word, std::size_t from) const;
-  bool IsSeparator(char16_t ch) const;
+  void AppendWord(std::u16string_view word, std::u16string& result);
+  void AddUnits(std::u16string_view text, PairBits& candidates, std::uint64_t& signature) const;
+  bool IsSeparator(char16_t ch) const { return ch < 0x80 && isSeparator_[ch]; }
+  static std::uint64_t SignatureBit(char16_t unit) { return std::uint64_t{1} << (unit % 64); }
 
   std::vector<TablePair> pairs_;
-  // Pair indexes by the first code unit of their find text, ascending.
-  std::unordered_map<char16_t, std::vector<std::uint32_t>> pairsByFirstUnit_;
-  std::u16string separators_;
-  std::unordered_map<std::u16string, std::u16string> remembered_;
+  std::vector<std::uint64_t> pairSignatures_;  // every code unit of the pair's find text
+  std::vector<std::uint16_t> unitSlot_;        // by code unit: index into unitPairBits_, 0 = none
+  std::vector<PairBits> unitPairBits_;         // the pairs whose find text begins with the unit
+  bool isSeparator_[0x80] = {};
+  WordMemo remembered_;
+  // Remembering pays only when words come back; a text of words seen once stops it.
+  bool remembering_ = true;
+  std::size_t lookups_ = 0;
+  std::size_t hits_ = 0;
+  mutable PairBits candidates_, added_;
 };
 
 // The plain meaning of one pair: every non-overlapping occurrence, left to right. An empty
