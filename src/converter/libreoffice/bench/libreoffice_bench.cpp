@@ -61,7 +61,14 @@ Reference<css::frame::XModel> MakeDocument(const OfficeConnection& office, const
                                  MakeSequence(options)),
       UNO_QUERY_THROW);
   const Reference<css::text::XText> body = Reference<css::text::XTextDocument>(document, UNO_QUERY_THROW)->getText();
-  body->setString(ToOUString(text));
+  size_t start = 0;
+  while (start < text.size()) {
+    size_t end = text.find(u'\n', start);
+    if (end == std::u16string::npos) end = text.size();
+    body->insertString(body->getEnd(), ToOUString(std::u16string_view(text).substr(start, end - start)), false);
+    if (end + 1 < text.size()) body->insertControlCharacter(body->getEnd(), 0 /* paragraph break */, false);
+    start = end + 1;
+  }
   const Reference<css::text::XTextCursor> all = body->createTextCursor();
   all->gotoStart(false);
   all->gotoEnd(true);
