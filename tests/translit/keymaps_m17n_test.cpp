@@ -29,6 +29,9 @@ const std::vector<Difference>& Differences() {
        "the standard's அ confirms the inherent a after any consonant, also after an automatic pulli; m17n has no "
        "such entry and types அ"},
       {{"tamil99_random"}, "TT[qswdegtrcxz]", "m17n's doubled க்ஷ entries drop the vowel sign"},
+      {{"typewriter_old_words"}, ";f[pPbni;]",
+       "m17n reads ; f as the start of its க்‌ஷ sequences and swallows the sign key that follows"},
+      {{"typewriter_old_words"}, "A", "m17n uses A as the prefix of its symbol keys; on the machine A is யு"},
       {{}, "\\.N", "m17n reads '.' as the start of its dot commands and types .N as two keys in most methods"},
       {{}, "dn", "m17n waits for dny (ज्ञ) and types d and n untransliterated when it does not come"},
       {{}, "ksh|kSh", "we give क्ष for both spellings; m17n gives k + sh for ksh in most methods"},
@@ -114,6 +117,7 @@ INSTANTIATE_TEST_SUITE_P(
     Schemes, KeymapsAgainstM17n,
     ::testing::Values(Golden{"tamil99_words", u"Tamil-Unicode-TamilNet99", 0},
                       Golden{"tamil99_random", u"Tamil-Unicode-TamilNet99", 0},
+                      Golden{"typewriter_old_words", u"Tamil-Unicode-TypeWriterOld", 0},
                       Golden{"itrans_hindi", u"Hindi-Unicode-PhoneticTransliteration", 0x094D},
                       Golden{"itrans_sanskrit", u"Sanskrit-Unicode-PhoneticTransliteration", 0x094D},
                       Golden{"itrans_marathi", u"Marathi-Unicode-PhoneticTransliteration", 0x094D},

@@ -19,6 +19,7 @@ HERE = os.path.dirname(os.path.abspath(__file__))
 sys.path.insert(0, os.path.join(HERE, "..", "..", "..", "scripts", "keymaps"))
 import make_indic_itrans  # noqa: E402
 import make_tamil99  # noqa: E402
+import make_tamil_typewriter as typewriter  # noqa: E402
 from engine_model import TypeWords  # noqa: E402
 from indic_scripts import SCRIPTS  # noqa: E402
 from tamil_letters import PULLI, SOFT_HARD, VOWEL_SIGNS  # noqa: E402
@@ -96,12 +97,63 @@ class Tamil99Typist:
         return "".join(keys)
 
 
-def TamilWords(count):
+class OldTypewriterTypist:
+    """Turns a Tamil word into the keys of the old typewriter, in the machine's order."""
+
+    PRE = {"ெ": "b", "ே": "n", "ை": "i"}
+    SIGNS = "்ாிீுூெேைொோௌ"
+
+    def __init__(self):
+        self.consonantKey = {v: k for k, v in dict(typewriter.CONSONANTS, **{"]": "ஹ"}).items()}
+        self.vowelKey = {v: k for k, v in typewriter.VOWELS.items()}
+        self.uKey = {v[:-1]: k for k, v in typewriter.U_KEYS.items()}
+        self.uuKey = {v[:-1]: k for k, v in typewriter.UU_KEYS.items()}
+
+    def Syllable(self, base, sign):
+        c = self.consonantKey[base]
+        simple = {"": c, "்": ";" + c, "ா": c + "h", "ி": "p" + c, "ீ": "P" + c,
+                  "ொ": "b" + c + "h", "ோ": "n" + c + "h", "ௌ": "b" + c + "s"}
+        if sign in simple:
+            return simple[sign]
+        if sign in self.PRE:
+            return self.PRE[sign] + c
+        if sign == "ு":
+            return self.uKey.get(base) or ("[" + c if base in "ஙஞபயவ" else c + "%")
+        if base in self.uuKey:
+            return self.uuKey[base]
+        if base in "டமரழள":
+            return ":" + self.uKey[base]
+        if base in "ஞணதநலறன":
+            return self.uKey[base] + "}"
+        return "{" + c if base in "ஙபயவ" else c + "^"
+
+    def Keys(self, word):
+        keys, i = [], 0
+        while i < len(word):
+            if word.startswith("ஸ்ரீ", i):
+                keys.append("_")
+                i += 4
+                continue
+            base = "க்ஷ" if word.startswith("க்ஷ", i) else word[i]
+            if base in self.consonantKey:
+                i += len(base)
+                sign = word[i] if i < len(word) and word[i] in self.SIGNS else ""
+                i += len(sign)
+                keys.append(self.Syllable(base, sign))
+            elif word[i] in self.vowelKey or word[i] == "ஃ":
+                keys.append(self.vowelKey.get(word[i], "`"))
+                i += 1
+            else:
+                return None
+        return "".join(keys)
+
+
+def WordKeys(typist, entries, count, seed):
+    """Keys of aspell-ta's words that the typist can spell and our keymap types back."""
     words = subprocess.run(["aspell", "-l", "ta", "dump", "master"], capture_output=True,
                            text=True, check=True).stdout.split()
-    rng = random.Random(99)
-    rng.shuffle(words)
-    typist, entries, chosen = Tamil99Typist(), make_tamil99.Entries(True), []
+    random.Random(seed).shuffle(words)
+    chosen = []
     for word in words:
         keys = typist.Keys(word)
         if keys and TypeWords(entries, keys) == word:
@@ -109,6 +161,10 @@ def TamilWords(count):
         if len(chosen) == count:
             break
     return chosen
+
+
+def TamilWords(count):
+    return WordKeys(Tamil99Typist(), make_tamil99.Entries(True), count, 99)
 
 
 def RandomTamil99Keys(count):
@@ -165,7 +221,10 @@ def RunHarness(harness, method, keyLists):
 def Golden():
     """file name -> (m17n method, key lists)"""
     golden = {"tamil99_words.tsv": (("ta", "tamil99"), TamilWords(3000)),
-              "tamil99_random.tsv": (("ta", "tamil99"), RandomTamil99Keys(1500))}
+              "tamil99_random.tsv": (("ta", "tamil99"), RandomTamil99Keys(1500)),
+              "typewriter_old_words.tsv": (("ta", "remington"),
+                                           WordKeys(OldTypewriterTypist(), typewriter.OldEntries(),
+                                                    2000, 5))}
     for language, code in ITRANS_METHODS.items():
         golden["itrans_%s.tsv" % language.lower()] = ((code, "itrans"),
                                                        RandomItransKeys(language, 1000))
