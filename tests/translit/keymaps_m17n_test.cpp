@@ -82,6 +82,8 @@ struct Golden {
   char16_t virama;     // a consonant left at the end keeps it here; m17n drops it when typing ends
 };
 
+void PrintTo(const Golden& golden, std::ostream* os) { *os << golden.file; }
+
 class KeymapsAgainstM17n : public ::testing::TestWithParam<Golden> {};
 
 TEST_P(KeymapsAgainstM17n, TypeWhatM17nTypesExceptForTheDocumentedDifferences) {
