@@ -4,7 +4,9 @@
 #include <numeric>
 #include <system_error>
 
+#include "settings/error_report.hpp"
 #include "settings/text_file.hpp"
+#include "settings/text_file_checked.hpp"
 #include "text/strings.hpp"
 #include "text/utf.hpp"
 
@@ -219,18 +221,27 @@ std::filesystem::path PhoneticKeymapPath(const std::filesystem::path& keymapFold
 LoadOutcome LoadPhoneticKeymap(const std::filesystem::path& keymapFolder, std::u16string_view scheme,
                                const KeymapLoadOptions& options, std::shared_ptr<const PhoneticKeymap>& tables,
                                const DataFileNotifier& notify) {
-  const auto path = PhoneticKeymapPath(keymapFolder, scheme);
-  std::error_code ec;
-  if (!std::filesystem::is_regular_file(path, ec)) return LoadOutcome::Missing;
-  DataFileProblem problem;
-  auto parsed = ParsePhoneticKeymap(settings::ReadTextFile(path), options, settings::SystemCodePage(), problem);
-  if (!parsed) {
-    if (notify) notify(BuildNotInOrderMessage(path.u16string(), problem.lineNumber, problem.reason));
+  try {
+    const auto path = PhoneticKeymapPath(keymapFolder, scheme);
+    std::error_code ec;
+    if (!std::filesystem::is_regular_file(path, ec)) return LoadOutcome::Missing;
+    std::u16string text;
+    settings::TextEncoding encoding = settings::TextEncoding::Utf8NoBom;
+    // A file that could not be read has already been reported; the tables in use stay.
+    if (!settings::ReadTextFileChecked(path, text, encoding, false, false)) return LoadOutcome::Refused;
+    DataFileProblem problem;
+    auto parsed = ParsePhoneticKeymap(text, options, settings::SystemCodePage(), problem);
+    if (!parsed) {
+      if (notify) notify(BuildNotInOrderMessage(path.u16string(), problem.lineNumber, problem.reason));
+      return LoadOutcome::Refused;
+    }
+    parsed->schemeName = std::u16string(scheme);
+    tables = std::make_shared<const PhoneticKeymap>(std::move(*parsed));
+    return LoadOutcome::Loaded;
+  } catch (const std::exception& e) {
+    ReportError(u"DT - LdKm", ErrorDetails{0, u"LoadPhoneticKeymap", text::Utf8ToUtf16(e.what())});
     return LoadOutcome::Refused;
   }
-  parsed->schemeName = std::u16string(scheme);
-  tables = std::make_shared<const PhoneticKeymap>(std::move(*parsed));
-  return LoadOutcome::Loaded;
 }
 
 std::vector<std::u16string> InstalledKeymaps(const std::filesystem::path& keymapFolder) {

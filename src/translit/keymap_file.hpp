@@ -51,7 +51,8 @@ enum class LoadOutcome { Loaded, Missing, Refused };
 // Loads the scheme's file into new tables and, only on success, replaces `tables` with them
 // (the engine keeps typing with the tables it holds until it is given the new ones). A
 // missing file changes nothing and reports nothing; a file not in order changes nothing and
-// is reported through `notify`. Uses the system code page.
+// is reported through `notify`; a file that cannot be read changes nothing and is reported
+// by the file reader ("RFF"). Uses the system code page. Never throws.
 LoadOutcome LoadPhoneticKeymap(const std::filesystem::path& keymapFolder, std::u16string_view scheme,
                                const KeymapLoadOptions& options, std::shared_ptr<const PhoneticKeymap>& tables,
                                const DataFileNotifier& notify = DefaultDataFileNotifier());

@@ -2,7 +2,9 @@
 
 #include <system_error>
 
+#include "settings/error_report.hpp"
 #include "settings/text_file.hpp"
+#include "settings/text_file_checked.hpp"
 #include "text/strings.hpp"
 #include "text/utf.hpp"
 
@@ -167,17 +169,25 @@ std::filesystem::path ModifierFilePath(const std::filesystem::path& mainDataFold
 
 LoadOutcome LoadModifierFile(const std::filesystem::path& mainDataFolder, const ModifierLoadOptions& options,
                              std::shared_ptr<const ModifierTables>& tables, const DataFileNotifier& notify) {
-  const auto path = ModifierFilePath(mainDataFolder);
-  std::error_code ec;
-  if (!std::filesystem::is_regular_file(path, ec)) return LoadOutcome::Missing;
-  DataFileProblem problem;
-  auto parsed = ParseModifierFile(settings::ReadTextFile(path), options, problem);
-  if (!parsed) {
-    if (notify) notify(BuildNotInOrderMessage(path.u16string(), problem.lineNumber, problem.reason));
+  try {
+    const auto path = ModifierFilePath(mainDataFolder);
+    std::error_code ec;
+    if (!std::filesystem::is_regular_file(path, ec)) return LoadOutcome::Missing;
+    std::u16string text;
+    settings::TextEncoding encoding = settings::TextEncoding::Utf8NoBom;
+    if (!settings::ReadTextFileChecked(path, text, encoding, false, false)) return LoadOutcome::Refused;
+    DataFileProblem problem;
+    auto parsed = ParseModifierFile(text, options, problem);
+    if (!parsed) {
+      if (notify) notify(BuildNotInOrderMessage(path.u16string(), problem.lineNumber, problem.reason));
+      return LoadOutcome::Refused;
+    }
+    tables = std::make_shared<const ModifierTables>(std::move(*parsed));
+    return LoadOutcome::Loaded;
+  } catch (const std::exception& e) {
+    ReportError(u"DT - LdMods", ErrorDetails{0, u"LoadModifierFile", text::Utf8ToUtf16(e.what())});
     return LoadOutcome::Refused;
   }
-  tables = std::make_shared<const ModifierTables>(std::move(*parsed));
-  return LoadOutcome::Loaded;
 }
 
 }  // namespace quilom::translit

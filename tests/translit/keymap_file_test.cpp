@@ -125,6 +125,16 @@ TEST(KeymapParse, RefusesLinesNotInOrderAndNamesTheLine) {
   }
 }
 
+TEST(KeymapParse, RefusesMoreEntriesThanTheEngineCanAddress) {
+  std::u16string text = u"t";
+  for (int i = 0; i < 32768; ++i) text += u"\r\n<om>k K</om>";
+  DataFileProblem problem;
+  EXPECT_FALSE(ParsePhoneticKeymap(text, {}, *settings::Windows1252(), problem).has_value());
+  EXPECT_EQ(problem.lineNumber, 32769);
+  text.resize(text.size() - std::u16string_view(u"\r\n<om>k K</om>").size());
+  EXPECT_TRUE(ParsePhoneticKeymap(text, {}, *settings::Windows1252(), problem).has_value());
+}
+
 class KeymapLoadTest : public ::testing::Test {
  protected:
   testing::TempFolder folder;
