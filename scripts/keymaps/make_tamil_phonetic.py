@@ -78,6 +78,12 @@ SIGNS = [
     ("#d", "௳"), ("#m", "௴"), ("#y", "௵"), ("#db", "௶"),
     ("#cr", "௷"), ("#as", "௸"), ("#r", "௹"), ("#n", "௺"),
 ]
+MEANINGS = {
+    "q": "aytham", "Sri": "sri", "sri": "sri", "OM": "om",
+    "#10": "ten", "#100": "hundred", "#1000": "thousand",
+    "#d": "day", "#m": "month", "#y": "year", "#db": "debit",
+    "#cr": "credit", "#as": "as above", "#r": "rupee", "#n": "number",
+}
 
 # The output adjustment is off for Tamil: the scheme re-renders whole syllables instead.
 # The ranges name the signs that join the letter before them (anusvara and visarga; the
@@ -193,9 +199,11 @@ def WriteChart():
         row = "<tr><td>%s</td>%s" % (html.escape(ckey), Cell(table[ckey]))
         row += "".join(Cell(table[ckey + v]) for v in vowelKeys)
         out.append(row + "</tr>")
-    out.append("</table><h2>Other letters, numerals and signs</h2><table><tr><th>keys</th><th>gives</th></tr>")
+    out.append("</table><h2>Other letters, numerals and signs</h2>"
+               "<table><tr><th>keys</th><th>gives</th><th>meaning</th></tr>")
     for key, _ in SPECIALS + NUMERALS + SIGNS:
-        out.append("<tr><td>%s</td>%s</tr>" % (html.escape(key), Cell(table[key])))
+        meaning = MEANINGS.get(key, key[1:] if key.startswith("#") else "")
+        out.append("<tr><td>%s</td>%s<td>%s</td></tr>" % (html.escape(key), Cell(table[key]), html.escape(meaning)))
     out.append("</table><p>Numerals: type # before each digit (#1#2 gives ௧௨); #10, #100 and #1000"
                " give ௰, ௱ and ௲.</p></body></html>")
     os.makedirs(os.path.dirname(CHART_PATH), exist_ok=True)
