@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Builds the native core (tests, benchmarks, quilom) and the Windows programs (x86-64, i686).
+# Builds the native core (tests, benchmarks, quilom) and the Windows programs (x86-64, i686),
+# then packages both Windows builds (installers and portable zips in build/packages/).
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -8,3 +9,6 @@ for preset in linux windows windows-i686; do
   cmake --preset "$preset" >/dev/null
   cmake --build --preset "$preset"
 done
+
+echo "== package"
+bash scripts/package.sh win64 win32
