@@ -4,8 +4,8 @@
 // Plain text comes in any of the text-file forms (UTF-8 or UTF-16 with a mark, UTF-8, or legacy
 // bytes) and goes out as UTF-8 for Unicode, or as legacy bytes (the Windows-1252 bytes of the
 // legacy glyph codes) for a legacy encoding; Tace and Stmzh keep their Private Use Area codes in
-// UTF-8, as does any output with a character no Windows-1252 byte shows. A legacy-to-legacy request is made in two runs through Unicode. Word-processor
-// documents go through a document backend chosen by the file's extension.
+// UTF-8, as does any output with a character no Windows-1252 byte shows. A legacy-to-legacy request is made in two runs
+// through Unicode. Word-processor documents go through a document backend chosen by the file's extension.
 
 #include <chrono>
 #include <filesystem>
@@ -53,8 +53,7 @@ struct Options {
 };
 
 std::int64_t NowSeconds() {
-  return std::chrono::duration_cast<std::chrono::seconds>(std::chrono::steady_clock::now().time_since_epoch())
-      .count();
+  return std::chrono::duration_cast<std::chrono::seconds>(std::chrono::steady_clock::now().time_since_epoch()).count();
 }
 
 std::filesystem::path ConverterFolder(const CommandContext& ctx) {
@@ -71,8 +70,13 @@ std::vector<std::pair<int, int>> Steps(const Options& options) {
 
 std::optional<ConversionRequest> RequestFor(CommandContext& ctx, const EncodingList& list, const Options& options,
                                             int from, int to) {
-  ConvertSelection selection{list.names[static_cast<std::size_t>(from)], list.names[static_cast<std::size_t>(to)],
-                             from, to, 3, options.normalQuotes, options.irRiReeForm};
+  ConvertSelection selection{list.names[static_cast<std::size_t>(from)],
+                             list.names[static_cast<std::size_t>(to)],
+                             from,
+                             to,
+                             3,
+                             options.normalQuotes,
+                             options.irRiReeForm};
   const ConvertDecision decision = DecideConversion(selection);
   if (!decision.stopMessage.empty()) {
     ctx.err << "quilom convert: " << text::Utf16ToUtf8(decision.stopMessage) << "\n";
@@ -204,8 +208,8 @@ std::optional<Options> ReadOptions(CommandContext& ctx, const ParsedArgs& parsed
   const auto find = [&](const char* option, int& position, std::u16string& name) {
     const auto given = parsed.values.find(option);
     if (given == parsed.values.end()) {
-      ctx.err << "quilom convert: " << option << " ENCODING is required; known encodings: "
-              << text::Utf16ToUtf8(list.Joined()) << "\n";
+      ctx.err << "quilom convert: " << option
+              << " ENCODING is required; known encodings: " << text::Utf16ToUtf8(list.Joined()) << "\n";
       return false;
     }
     const std::optional<int> found = list.Position(text::Utf8ToUtf16(given->second));
@@ -222,8 +226,8 @@ std::optional<Options> ReadOptions(CommandContext& ctx, const ParsedArgs& parsed
     return std::nullopt;
   }
   if (options.from == options.to) {
-    ctx.err << "quilom convert: --from and --to name the same encoding ("
-            << text::Utf16ToUtf8(options.fromName) << "): there is nothing to convert\n";
+    ctx.err << "quilom convert: --from and --to name the same encoding (" << text::Utf16ToUtf8(options.fromName)
+            << "): there is nothing to convert\n";
     return std::nullopt;
   }
   options.normalQuotes = !parsed.flags.count("--decorative-quotes");

@@ -29,12 +29,12 @@ int RunDetect(CommandContext& ctx) {
     ctx.err << "quilom detect: " << (parsed.error.empty() ? "give at most one input file" : parsed.error) << "\n";
     return 2;
   }
-  const std::optional<std::string> bytes = ReadInputBytes(ctx, parsed.positional.empty() ? "" : parsed.positional[0], kName);
+  const std::optional<std::string> bytes =
+      ReadInputBytes(ctx, parsed.positional.empty() ? "" : parsed.positional[0], kName);
   if (!bytes) {
     return 1;
   }
-  const auto folder =
-      settings::DataFolders::ForDataRoot(ctx.dataRoot).ModuleDataFolder(converter::kConverterModule);
+  const auto folder = settings::DataFolders::ForDataRoot(ctx.dataRoot).ModuleDataFolder(converter::kConverterModule);
   const converter::EncodingDetector detector = converter::EncodingDetector::Load(folder);
   if (detector.EncodingCount() == 0) {
     ctx.err << "quilom detect: no conversion tables found in " << folder.string() << "\n";
@@ -46,8 +46,7 @@ int RunDetect(CommandContext& ctx) {
     return 1;
   }
   const std::size_t shown = parsed.flags.count("--all") ? guesses.size() : std::min(kRunnersUp + 1, guesses.size());
-  ctx.out << text::Utf16ToUtf8(guesses.front().name) << " (confidence " << Percent(guesses.front().confidence)
-          << ")\n";
+  ctx.out << text::Utf16ToUtf8(guesses.front().name) << " (confidence " << Percent(guesses.front().confidence) << ")\n";
   for (std::size_t i = 1; i < shown; ++i) {
     ctx.out << "  then " << text::Utf16ToUtf8(guesses[i].name) << " (" << Percent(guesses[i].confidence) << ")\n";
   }

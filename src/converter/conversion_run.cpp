@@ -142,10 +142,9 @@ class Pass {
   void ReportFailure(std::size_t index, std::size_t count) {
     ErrorDetails details = editor_.LastError();
     details.description += u" (the conversion stopped at pair " + Decimal(static_cast<std::int64_t>(index + 1)) +
-                           u" of " + Decimal(static_cast<std::int64_t>(count)) + u": \"" +
-                           table_.pairs[index].find + u"\"; the pairs before it were converted)";
-    ReportError(request_.direction == ConversionDirection::LegacyToUnicode ? kLegacyToUnicodeTag
-                                                                           : kUnicodeToLegacyTag,
+                           u" of " + Decimal(static_cast<std::int64_t>(count)) + u": \"" + table_.pairs[index].find +
+                           u"\"; the pairs before it were converted)";
+    ReportError(request_.direction == ConversionDirection::LegacyToUnicode ? kLegacyToUnicodeTag : kUnicodeToLegacyTag,
                 details);
   }
 
@@ -198,12 +197,10 @@ RunOutcome RunConversion(const ConversionRequest& request, DocumentEditor& edito
     editor.SetScope(*scope);
     return RunPasses(request, *plan, editor, progress, clock);
   } catch (const std::exception& e) {
-    ReportError(request.direction == ConversionDirection::LegacyToUnicode ? kLegacyToUnicodeTag
-                                                                          : kUnicodeToLegacyTag,
+    ReportError(request.direction == ConversionDirection::LegacyToUnicode ? kLegacyToUnicodeTag : kUnicodeToLegacyTag,
                 {0, u"Quilom++", text::Utf8ToUtf16(e.what())});
   } catch (...) {
-    ReportError(request.direction == ConversionDirection::LegacyToUnicode ? kLegacyToUnicodeTag
-                                                                          : kUnicodeToLegacyTag,
+    ReportError(request.direction == ConversionDirection::LegacyToUnicode ? kLegacyToUnicodeTag : kUnicodeToLegacyTag,
                 {0, u"Quilom++", u"unexpected failure"});
   }
   RunOutcome failed;

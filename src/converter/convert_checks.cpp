@@ -63,8 +63,8 @@ ConvertDecision DecideConversion(const ConvertSelection& selection) {
     id = UnicodeToLegacyTableId(selection.toPosition, selection.irRiReeForm);
   } else {
     decision.stopMessage = u"First, convert your text in '" + selection.fromText +
-                           u"' font(s) to Unicode. Then, convert the resultant Unicode text to '" +
-                           selection.toText + u"' font.";
+                           u"' font(s) to Unicode. Then, convert the resultant Unicode text to '" + selection.toText +
+                           u"' font.";
     return decision;
   }
   if (!id) {

@@ -57,8 +57,8 @@ void RefreshFontsList(const std::filesystem::path& folder, const FontCatalog& fo
   const long long upperBound = static_cast<long long>(lists.systemFonts.size()) - 1;
   if (upperBound != fonts.Count()) {
     if (ui.prompter) {
-      ui.prompter->Inform(u"Fonts have got added or deleted in your system recently (Earlier - " +
-                          Decimal(upperBound) + u". Now - " + Decimal(fonts.Count()) +
+      ui.prompter->Inform(u"Fonts have got added or deleted in your system recently (Earlier - " + Decimal(upperBound) +
+                          u". Now - " + Decimal(fonts.Count()) +
                           u"). Hence, will regenerate the 'Fonts List' which may take a few seconds");
     }
     lists.systemFonts = GenerateFontsList(folder, fonts, ui);

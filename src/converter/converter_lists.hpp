@@ -37,8 +37,8 @@ class FontCatalog {
 
 // What the loading and the regeneration show while they work.
 struct ListsUi {
-  Prompter* prompter = nullptr;           // the "Fonts have got added or deleted" message
-  ProgressLabel progress;                 // `lblPerc`; also lets the window repaint
+  Prompter* prompter = nullptr;                // the "Fonts have got added or deleted" message
+  ProgressLabel progress;                      // `lblPerc`; also lets the window repaint
   std::function<void(bool busy)> busyPointer;  // the hourglass pointer, on and off
 };
 

@@ -45,9 +45,7 @@ RegisterDocumentBackendAs::RegisterDocumentBackendAs(std::shared_ptr<DocumentBac
   RegisterDocumentBackend(std::move(backend));
 }
 
-std::string DocumentExtension(const std::filesystem::path& file) {
-  return Lower(file.extension().string());
-}
+std::string DocumentExtension(const std::filesystem::path& file) { return Lower(file.extension().string()); }
 
 bool IsDocumentExtension(std::string_view extension) {
   static constexpr std::array<std::string_view, 4> kDocuments = {".doc", ".docx", ".odt", ".rtf"};

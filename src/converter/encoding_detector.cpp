@@ -20,7 +20,7 @@ constexpr double kBadCluster = 2.0;
 // of them is the likelier.
 constexpr double kGranthaLetter = 1.0;
 constexpr double kRareSyllable = 1.0;
-constexpr double kDeadShareFrom = 15;     // consonants, before the share is trusted
+constexpr double kDeadShareFrom = 15;  // consonants, before the share is trusted
 constexpr double kLeastDeadShare = 0.08;
 constexpr double kFewDeadPenalty = 0.5;
 constexpr double kTamilFloor = 0.8;
@@ -56,12 +56,11 @@ struct ClusterRule {
 };
 
 constexpr ClusterRule kClusterRules[] = {
-    {u'க', u"க", false},        {u'ங', u"க", false},          {u'ச', u"ச", false},
-    {u'ஞ', u"சஞ", false},       {u'ட', u"டகசப", false},       {u'ண', u"டணகசபமயவ", true},
-    {u'த', u"த", false},        {u'ந', u"தந", false},         {u'ப', u"ப", false},
-    {u'ம', u"பமகசதநயவ", true},  {u'ய', u"", true},            {u'ர', u"", true},
-    {u'ழ', u"", true},          {u'ல', u"கசபலயவம", true},     {u'ள', u"கசபளயவம", true},
-    {u'வ', u"வ", false},        {u'ற', u"றகசப", false},       {u'ன', u"றனகசபமயவத", true},
+    {u'க', u"க", false},    {u'ங', u"க", false},        {u'ச', u"ச", false},      {u'ஞ', u"சஞ", false},
+    {u'ட', u"டகசப", false}, {u'ண', u"டணகசபமயவ", true},  {u'த', u"த", false},      {u'ந', u"தந", false},
+    {u'ப', u"ப", false},    {u'ம', u"பமகசதநயவ", true},  {u'ய', u"", true},        {u'ர', u"", true},
+    {u'ழ', u"", true},      {u'ல', u"கசபலயவம", true},   {u'ள', u"கசபளயவம", true}, {u'வ', u"வ", false},
+    {u'ற', u"றகசப", false}, {u'ன', u"றனகசபமயவத", true},
 };
 
 // Penalty for the dead consonant at `i` (a consonant with pulli) by what follows it. An empty
@@ -82,11 +81,17 @@ double ClusterPenalty(std::u16string_view word, std::size_t i) {
 // Word-initial vowels that native words seldom open with.
 double RareVowelPenalty(char16_t vowel) {
   switch (vowel) {
-    case u'ஈ': case u'ஊ': return 0.5;
-    case u'ஔ': return 1.0;
-    case u'ஓ': return 0.3;
-    case u'ஐ': return 0.2;
-    default: return 0;
+    case u'ஈ':
+    case u'ஊ':
+      return 0.5;
+    case u'ஔ':
+      return 1.0;
+    case u'ஓ':
+      return 0.3;
+    case u'ஐ':
+      return 0.2;
+    default:
+      return 0;
   }
 }
 

@@ -22,10 +22,10 @@
 namespace quilom::converter {
 
 struct EncodingGuess {
-  int position = 0;          // list position (1 for the first legacy encoding)
+  int position = 0;  // list position (1 for the first legacy encoding)
   std::u16string name;
-  double score = 0;          // well-formedness, about -1 .. 1
-  double confidence = 0;     // 0 .. 1, the guesses' confidences add up to 1
+  double score = 0;       // well-formedness, about -1 .. 1
+  double confidence = 0;  // 0 .. 1, the guesses' confidences add up to 1
 };
 
 class EncodingDetector {

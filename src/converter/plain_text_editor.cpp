@@ -46,9 +46,8 @@ void PlainTextEditor::ApplyQueued() {
     text_ = replacer.Apply(text_, applyProgress_);
     return;
   }
-  const std::u16string converted =
-      replacer.Apply(std::u16string_view(text_).substr(selectionBegin_, selectionEnd_ - selectionBegin_),
-                     applyProgress_);
+  const std::u16string converted = replacer.Apply(
+      std::u16string_view(text_).substr(selectionBegin_, selectionEnd_ - selectionBegin_), applyProgress_);
   text_.replace(selectionBegin_, selectionEnd_ - selectionBegin_, converted);
   selectionEnd_ = selectionBegin_ + converted.size();
 }

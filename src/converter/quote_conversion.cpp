@@ -48,17 +48,18 @@ LegacyQuoteLists FillLegacyQuotes(std::u16string_view quotesFileText, int toPosi
   return lists;
 }
 
-QuoteDecision DecideQuoteConversion(bool documentOpen, int fromPosition, int toPosition,
-                                    std::u16string_view fromQuote, const std::vector<std::u16string>& legacyQuotes,
-                                    std::u16string_view toQuote, int legacyFontRows) {
+QuoteDecision DecideQuoteConversion(bool documentOpen, int fromPosition, int toPosition, std::u16string_view fromQuote,
+                                    const std::vector<std::u16string>& legacyQuotes, std::u16string_view toQuote,
+                                    int legacyFontRows) {
   if (!documentOpen) {
     return {u"You have not opened any document yet.", {}};
   }
   if (!IsUnicodeToLegacy(fromPosition, toPosition)) {
-    return {u"To be used only when you wish to convert the existing quotes in your document to NonUnicode "
-            u"quotes, according to your own choice, ideally after effecting any 'Unicode to NonUnicode' "
-            u"conversion.",
-            {}};
+    return {
+        u"To be used only when you wish to convert the existing quotes in your document to NonUnicode "
+        u"quotes, according to your own choice, ideally after effecting any 'Unicode to NonUnicode' "
+        u"conversion.",
+        {}};
   }
   if (legacyQuotes.empty()) {
     return {legacyFontRows > 0 ? u"The NonUnicode font you have selected above does not have any quote characters "

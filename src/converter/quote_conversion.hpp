@@ -58,8 +58,8 @@ struct QuoteDecision {
   std::u16string stopMessage;
   std::u16string tableText;
 };
-QuoteDecision DecideQuoteConversion(bool documentOpen, int fromPosition, int toPosition,
-                                    std::u16string_view fromQuote, const std::vector<std::u16string>& legacyQuotes,
-                                    std::u16string_view toQuote, int legacyFontRows);
+QuoteDecision DecideQuoteConversion(bool documentOpen, int fromPosition, int toPosition, std::u16string_view fromQuote,
+                                    const std::vector<std::u16string>& legacyQuotes, std::u16string_view toQuote,
+                                    int legacyFontRows);
 
 }  // namespace quilom::converter

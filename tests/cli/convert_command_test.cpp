@@ -43,8 +43,8 @@ TEST(ConvertCommand, ReadsEveryTextFileFormAndWritesTheOutputFile) {
   testing::TempFolder folder;
   const std::string utf16 = std::string("\xFF\xFE") + std::string("\x95\x0B\xBE\x0B", 4);  // கா
   testing::WriteBytes(folder / "in.txt", utf16);
-  const CommandRun run = Convert({"--from", "Unicode", "--to", "Bamini", (folder / "in.txt").string(), "-o",
-                           (folder / "out.txt").string()});
+  const CommandRun run = Convert(
+      {"--from", "Unicode", "--to", "Bamini", (folder / "in.txt").string(), "-o", (folder / "out.txt").string()});
   EXPECT_EQ(run.status, 0) << run.err;
   EXPECT_EQ(run.out, "");
   EXPECT_EQ(testing::ReadBytes(folder / "out.txt"), "fh");
@@ -106,7 +106,8 @@ TEST(ConvertCommand, DocumentsNeedTheirBackend) {
   converter::RegisterDocumentBackend(std::make_shared<FakeBackend>());
   EXPECT_TRUE(converter::IsDocumentExtension(".odt"));
   EXPECT_FALSE(converter::IsDocumentExtension(".fakedoc"));
-  EXPECT_EQ(converter::DocumentBackendProblem(".FAKEDOC"), "converting .fakedoc needs FakeOffice: FakeOffice is not installed");
+  EXPECT_EQ(converter::DocumentBackendProblem(".FAKEDOC"),
+            "converting .fakedoc needs FakeOffice: FakeOffice is not installed");
 }
 
 }  // namespace

@@ -38,13 +38,15 @@ TEST(DetectCommand, NamesTheEncodingWithItsConfidenceAndRunnersUp) {
     EXPECT_EQ(detected.out.substr(0, encoding.size() + 13), encoding + " (confidence ") << detected.out;
     EXPECT_NE(detected.out.find("\n  then "), std::string::npos);
   }
-  const CommandRun all = Quilom({"detect", "--all"}, Quilom({"convert", "--from", "Unicode", "--to", "Tscii"}, kParagraph).out);
+  const CommandRun all =
+      Quilom({"detect", "--all"}, Quilom({"convert", "--from", "Unicode", "--to", "Tscii"}, kParagraph).out);
   // One line per shipped legacy encoding.
   EXPECT_GE(std::count(all.out.begin(), all.out.end(), '\n'), 20);
 }
 
 TEST(DetectCommand, SaysSoWhenNothingReadsAsTamil) {
-  const CommandRun run = Quilom({"detect"}, "Just a plain English sentence, with nothing Tamil about it at all, none whatsoever.");
+  const CommandRun run =
+      Quilom({"detect"}, "Just a plain English sentence, with nothing Tamil about it at all, none whatsoever.");
   EXPECT_NE(run.status, 0);
   EXPECT_NE(run.err.find("does not read as Tamil"), std::string::npos) << run.err;
 }

@@ -166,9 +166,9 @@ TEST(ConversionRun, LegacyFontRowsResolveWithoutQuestions) {
     std::u16string expected;
   };
   const std::vector<Row> rows = {
-      {Fonts({u"OnlyOne"}, 0), u"OnlyOne"},             // "Any Font" with three rows: the third row
-      {Fonts({u"A", u"B"}, 1, u"Def"), u"Def"},         // "Default Font": the encoding's default
-      {Fonts({u"A", u"B"}, 3), u"B"},                   // any other row as it stands
+      {Fonts({u"OnlyOne"}, 0), u"OnlyOne"},      // "Any Font" with three rows: the third row
+      {Fonts({u"A", u"B"}, 1, u"Def"), u"Def"},  // "Default Font": the encoding's default
+      {Fonts({u"A", u"B"}, 3), u"B"},            // any other row as it stands
   };
   for (const Row& row : rows) {
     RecordingEditor editor(u"x");

@@ -9,10 +9,10 @@ TEST(ToPlaceholders, MapsTheThreeFullwidthSymbolRangesAndLeavesLettersAlone) {
   struct Row {
     char16_t in, out;
   };
-  for (const Row row : {Row{0xFF01, 0x0226}, Row{0xFF10, 0x0235}, Row{0xFF20, 0x0245}, Row{0xFF21, 0xFF21},
-                        Row{0xFF3A, 0xFF3A}, Row{0xFF3B, 0x0246}, Row{0xFF40, 0x024B}, Row{0xFF41, 0xFF41},
-                        Row{0xFF5A, 0xFF5A}, Row{0xFF5B, 0x024C}, Row{0xFF5E, 0x024F}, Row{0xFF5F, 0xFF5F},
-                        Row{0xFF00, 0xFF00}, Row{u'!', u'!'}}) {
+  for (const Row row :
+       {Row{0xFF01, 0x0226}, Row{0xFF10, 0x0235}, Row{0xFF20, 0x0245}, Row{0xFF21, 0xFF21}, Row{0xFF3A, 0xFF3A},
+        Row{0xFF3B, 0x0246}, Row{0xFF40, 0x024B}, Row{0xFF41, 0xFF41}, Row{0xFF5A, 0xFF5A}, Row{0xFF5B, 0x024C},
+        Row{0xFF5E, 0x024F}, Row{0xFF5F, 0xFF5F}, Row{0xFF00, 0xFF00}, Row{u'!', u'!'}}) {
     EXPECT_EQ(ToPlaceholders(std::u16string(1, row.in)), std::u16string(1, row.out)) << std::hex << int(row.in);
   }
 }
@@ -43,8 +43,8 @@ TEST(ParseConversionTable, FullwidthSymbolsBecomePlaceholdersBeforeSplitting) {
 }
 
 TEST(ParseConversionTable, NotesTheMarkers) {
-  const ConversionTable table = ParseConversionTable(
-      u"a b\r\n\u0230 x\r\n' \u0227\r\n\u0226 y\r\nz \u0BBE\r\n\" \u0252\r\nq \u0BBF\r\n\u024F w");
+  const ConversionTable table =
+      ParseConversionTable(u"a b\r\n\u0230 x\r\n' \u0227\r\n\u0226 y\r\nz \u0BBE\r\n\" \u0252\r\nq \u0BBF\r\n\u024F w");
   EXPECT_EQ(table.placeholderFirst, 1u);
   EXPECT_EQ(table.placeholderLast, 7u);
   EXPECT_EQ(table.vowelSignFirst, 4u);

@@ -107,8 +107,8 @@ TEST_F(ConverterListsTest, ProgressIsShownEveryHundredFonts) {
 
 TEST_F(ConverterListsTest, LegacyFontsMatchPrefixesWithoutCaseAndSortByCodeUnit) {
   // Element 0 is never offered, even when it would match (right after regeneration it is font 0).
-  const std::vector<std::u16string> system = {u"TSCu_Times", u"tscu_paranar", u"", u"TSC_Avarangal", u"Arial",
-                                              u"TSCu_Paranar"};
+  const std::vector<std::u16string> system = {u"TSCu_Times",    u"tscu_paranar", u"",
+                                              u"TSC_Avarangal", u"Arial",        u"TSCu_Paranar"};
   const std::vector<std::u16string> rows = FillNonUnicodeFonts(folder.path(), system, 1, u"LF1");
   // "TSC" and "tscu_P" both match the Paranar fonts, which are therefore listed twice.
   const std::vector<std::u16string> expected = {u"Any Font",     u"Default Font", u"TSC_Avarangal", u"TSCu_Paranar",

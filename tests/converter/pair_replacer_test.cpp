@@ -43,8 +43,8 @@ TEST(PairReplacer, EqualsOneReplaceAllPerPairOnRandomTablesAndTexts) {
     const int count = 1 + static_cast<int>(rng() % 12);
     for (int i = 0; i < count; ++i) {
       const bool plainFind = rng() % 3 != 0;
-      pairs.push_back({RandomText(rng, plainFind ? u"abcde" : alphabet, 1 + rng() % 3),
-                       RandomText(rng, alphabet, rng() % 4)});
+      pairs.push_back(
+          {RandomText(rng, plainFind ? u"abcde" : alphabet, 1 + rng() % 3), RandomText(rng, alphabet, rng() % 4)});
     }
     PairReplacer replacer(pairs);
     for (int text = 0; text < 5; ++text) {

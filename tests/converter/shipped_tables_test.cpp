@@ -31,8 +31,9 @@ std::filesystem::path TestData() { return std::filesystem::path(QUILOM_SOURCE_DI
 std::vector<std::u16string> Syllables() {
   std::vector<std::u16string> all;
   for (char16_t v : std::u16string(u"அஆஇஈஉஊஎஏஐஒஓஔஃ")) all.emplace_back(1, v);
-  const std::vector<std::u16string> consonants = {u"க", u"ங", u"ச", u"ஞ", u"ட", u"ண", u"த", u"ந", u"ப", u"ம", u"ய", u"ர",
-                                                  u"ல", u"வ", u"ழ", u"ள", u"ற", u"ன", u"ஜ", u"ஷ", u"ஸ", u"ஹ", u"க்ஷ"};
+  const std::vector<std::u16string> consonants = {u"க", u"ங", u"ச", u"ஞ", u"ட", u"ண", u"த", u"ந",
+                                                  u"ப", u"ம", u"ய", u"ர", u"ல", u"வ", u"ழ", u"ள",
+                                                  u"ற", u"ன", u"ஜ", u"ஷ", u"ஸ", u"ஹ", u"க்ஷ"};
   const std::u16string signs = u"\u0BCD\u0BBE\u0BBF\u0BC0\u0BC1\u0BC2\u0BC6\u0BC7\u0BC8\u0BCA\u0BCB\u0BCC";
   for (const std::u16string& consonant : consonants) {
     all.push_back(consonant);
@@ -103,8 +104,10 @@ TEST(ShippedTables, EveryListedEncodingHasItsFourTables) {
   }
   EXPECT_FALSE(std::filesystem::exists(TablePath(Folder(), 101 + static_cast<int>(list.names.size()))));
   // The other per-encoding files have one line per list position.
-  for (std::u16string_view name : {kSearchPatternsFile, kDefaultFontsFile, std::u16string_view(u"QuilomPlus-LegacyQuotes.txt")}) {
-    EXPECT_EQ(text::Split(settings::ReadTextFile(Folder() / std::u16string(name)), text::kCrLf).size(), list.names.size())
+  for (std::u16string_view name :
+       {kSearchPatternsFile, kDefaultFontsFile, std::u16string_view(u"QuilomPlus-LegacyQuotes.txt")}) {
+    EXPECT_EQ(text::Split(settings::ReadTextFile(Folder() / std::u16string(name)), text::kCrLf).size(),
+              list.names.size())
         << text::Utf16ToUtf8(name);
   }
 }
