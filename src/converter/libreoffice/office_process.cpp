@@ -124,6 +124,11 @@ bool OfficeProcess::Start(const std::filesystem::path& soffice, std::string& err
     _exit(127);
   }
   pid_ = pid;
+  // Until the child has its own process group, signalling the group would miss it.
+  const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(2);
+  while (getpgid(pid) != pid && std::chrono::steady_clock::now() < deadline) {
+    std::this_thread::sleep_for(std::chrono::milliseconds(1));
+  }
   return true;
 }
 
@@ -133,14 +138,17 @@ std::string OfficeProcess::ConnectionUrl() const {
 
 bool OfficeProcess::Running() {
   if (pid_ <= 0) return false;
+  int status = 0;
+  if (waitpid(pid_, &status, WNOHANG) == 0) return true;  // the launcher itself still runs
   return GroupAlive(pid_);
 }
 
 void OfficeProcess::Stop(std::chrono::milliseconds grace) {
   if (pid_ > 0) {
     const int pgid = pid_;
-    WaitFor(pid_, grace);
+    const bool reaped = WaitFor(pid_, grace);
     WaitForGroup(pgid, grace);
+    if (!reaped) kill(pid_, SIGTERM);  // in case it never got its own group
     if (GroupAlive(pgid)) {
       kill(-pgid, SIGTERM);
       WaitForGroup(pgid, std::chrono::milliseconds(2000));

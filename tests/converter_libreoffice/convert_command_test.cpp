@@ -1,0 +1,52 @@
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+#include "cli/command.hpp"
+#include "converter/libreoffice/office_connection.hpp"
+#include "support/temp_folder.hpp"
+#include "writer_fixture.hpp"
+
+namespace quilom::testing::lo {
+namespace {
+
+// `quilom convert` on a .docx goes through the registered LibreOffice backend.
+TEST(QuilomConvert, ConvertsADocxIntoANewDocument) {
+  ASSERT_NE(Office(), nullptr);
+  TempFolder folder;
+  WriteDocument(folder / "report.docx",
+                {{{u"\u00BE\u00C1\u00A2\u00FA \u00A6\u00B8\u00A1\u00CA", u"TSCu_Paranar", true}}});
+  std::istringstream in;
+  std::ostringstream out, err;
+  const int status = cli::RunQuilom({"--data", SourceDataRoot().string(), "convert", "--from", "Tscii", "--to",
+                                     "Unicode", (folder / "report.docx").string(), "-o",
+                                     (folder / "report.odt").string()},
+                                    in, out, err, folder.path(), false);
+  ASSERT_EQ(status, 0) << err.str();
+  const auto paragraphs = ReadDocument(folder / "report.odt");
+  ASSERT_EQ(paragraphs.size(), 1u);
+  EXPECT_EQ(TextOf(paragraphs[0]), u"தமிழ் கொடி");
+  EXPECT_TRUE(paragraphs[0][0].bold);
+  // No partial file is left beside the output.
+  EXPECT_FALSE(std::filesystem::exists(folder / "report.odt.quilom-partial.odt"));
+}
+
+// A program that never accepts a connection is given up on after the time-out, and stopped.
+TEST(OfficeConnection, GivesUpOnAnOfficeThatDoesNotStartInTime) {
+  TempFolder folder;
+  const auto fake = folder / "soffice";
+  WriteBytes(fake, "#!/bin/sh\nexec sleep 60\n");
+  std::filesystem::permissions(fake, std::filesystem::perms::owner_all);
+  setenv("QUILOM_SOFFICE", fake.c_str(), 1);
+  std::string error;
+  const auto started = std::chrono::steady_clock::now();
+  const auto office = converter::libreoffice::OfficeConnection::StartPrivate(std::chrono::seconds(1), error);
+  unsetenv("QUILOM_SOFFICE");
+  EXPECT_EQ(office, nullptr);
+  EXPECT_NE(error.find("did not start within 1 seconds"), std::string::npos) << error;
+  // The sleeping stand-in was killed rather than waited for.
+  EXPECT_LT(std::chrono::steady_clock::now() - started, std::chrono::seconds(30));
+}
+
+}  // namespace
+}  // namespace quilom::testing::lo
