@@ -8,7 +8,9 @@ else types the independent vowel. Every syllable is an entry of its own, so the 
 no joining text: their joining switch is off and the text is empty, which also leaves the
 punctuation rule's extra edit harmless (it retypes the punctuation key itself).
 
-Deliberate choices where ITRANS users differ: digits stay Latin digits (most modern text
+With "chCh" = "1" in the typing settings the loader takes the variant in the sub-folder
+"chCh-1", where c types the consonant of ca (च) and ch that of Cha (छ), the older ITRANS
+spelling. Deliberate choices where ITRANS users differ: digits stay Latin digits (most modern text
 uses them); "n" before a velar or palatal stays न (type ~N or ~n for the nasal letter).
 """
 
@@ -17,7 +19,7 @@ import sys
 
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 from indic_scripts import SCRIPTS  # noqa: E402
-from keymap_io import JoiningLine, KeymapPath, WriteKeymap  # noqa: E402
+from keymap_io import KEYMAP_FOLDER, JoiningLine, KeymapPath, WriteKeymap  # noqa: E402
 
 # Vowel keys -> the Unicode vowel name; "A" (the inherent a) has no sign.
 VOWELS = [
@@ -69,10 +71,15 @@ SIGNS = [("M", ("ANUSVARA", "BINDI")), (".n", ("ANUSVARA", "BINDI")),
          (".a", ("AVAGRAHA",))]
 
 
-def Consonants(script):
+# "chCh" = "1" in the typing settings: the older ITRANS spelling, c for च and ch for छ.
+CH_OLD_STYLE = [("c", "CA"), ("ch", "CHA"), ("Ch", "CHA"), ("chh", "CHA"), ("C", "CHA")]
+CH_FOLDER = os.path.join(KEYMAP_FOLDER, "chCh-1")
+
+
+def Consonants(script, oldCh=False):
     """key -> the consonant text (without virama) for every consonant the script has."""
     found = {}
-    pairs = CONSONANTS + SOUTH_CONSONANTS
+    pairs = CONSONANTS + SOUTH_CONSONANTS + (CH_OLD_STYLE if oldCh else [])
     for key, name in pairs:
         letter = script.Letter(name)
         if key == "w" and script.Letter("WA"):
@@ -106,14 +113,14 @@ def Vowels(script):
     return found
 
 
-def Entries(language):
+def Entries(language, oldCh=False):
     script = SCRIPTS[language]
     virama = script.Virama()
     entries = {}
     vowels = Vowels(script)
     for key, (letter, _) in vowels.items():
         entries[key] = letter
-    for key, consonant in Consonants(script).items():
+    for key, consonant in Consonants(script, oldCh).items():
         entries[key] = consonant + virama
         for vowelKey, (_, sign) in vowels.items():
             entries[key + vowelKey] = consonant + sign
@@ -153,6 +160,9 @@ def Write():
     for language, script in SCRIPTS.items():
         lfk = language + "-Unicode-PhoneticTransliteration"
         joining = JoiningLine(False, "", script.block)
+        WriteKeymap(KeymapPath(lfk, CH_FOLDER), lfk + " with chCh on", Entries(language, True),
+                    LanguageComments(language) + ["c types the consonant of ca, ch that of Cha."],
+                    joining)
         counts[lfk] = len(WriteKeymap(KeymapPath(lfk), lfk, Entries(language),
                                       LanguageComments(language), joining))
     return counts

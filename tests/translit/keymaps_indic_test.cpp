@@ -53,6 +53,19 @@ TEST(IndicKeymaps, GiveEachLanguageItsOwnLetters) {
   }
 }
 
+// "chCh" = "1" selects the variants of the sub-folder, with the older spelling of the two.
+TEST(IndicKeymaps, ChChVariantsSpellTheTwoConsonantsTheOlderWay) {
+  for (const char* language : {"Hindi", "Bengali", "Telugu"}) {
+    KeymapTypist current(Lfk(language));
+    KeymapTypist older(Lfk(language), ShippedKeymapFolder() / "chCh-1");
+    ASSERT_EQ(older.outcome, translit::LoadOutcome::Loaded) << language;
+    EXPECT_EQ(older.Type(u"ca"), current.Type(u"ca")) << language;
+    EXPECT_EQ(older.Type(u"cha"), current.Type(u"Cha")) << language;
+    EXPECT_NE(older.Type(u"cha"), current.Type(u"cha")) << language;
+    EXPECT_EQ(older.Type(u"namaste"), current.Type(u"namaste")) << language;  // nothing else moves
+  }
+}
+
 // Characters of the scripts that no language here writes with: Vedic accents, letters of
 // other languages (Sindhi, Kashmiri, Arabic transliteration), archaic and rare signs.
 const std::map<std::string, std::set<int>>& NotTyped() {
