@@ -91,6 +91,22 @@ wait_for_text() {  # EXPECTED SECONDS
   done
 }
 
+# For long runs on a busy machine: waits as long as the text keeps changing, and fails only
+# when it has stood still for STALL_SECONDS without being what was expected.
+expect_text_settles() {  # EXPECTED STALL_SECONDS
+  local last="" current deadline=$((SECONDS + $2))
+  while :; do
+    current=$(target_text)
+    [ "$current" = "$1" ] && return 0
+    if [ "$current" != "$last" ]; then
+      last=$current
+      deadline=$((SECONDS + $2))
+    fi
+    [ $SECONDS -ge $deadline ] && fail "target text stopped at ${#current} characters, expected ${#1}: '$current'"
+    sleep 0.2
+  done
+}
+
 expect_text() {  # EXPECTED [SECONDS]
   wait_for_text "$1" "${2:-10}" || fail "target text is '$(target_text)', expected '$1'"
 }
