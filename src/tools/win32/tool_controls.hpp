@@ -1,0 +1,31 @@
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+#include <string_view>
+
+// Small calls on the tool windows' controls and on the system, in the program's UTF-16 text.
+namespace quilom::tools::win32 {
+
+// A RichEdit box's whole text, line breaks as CR LF.
+std::u16string BoxText(HWND box);
+void SetBoxText(HWND box, std::u16string_view text);
+// The selection, in UTF-16 code units.
+void SelectInBox(HWND box, size_t start, size_t length);
+size_t SelectionEnd(HWND box);
+size_t SelectionStart(HWND box);
+
+// An information message box titled "Quilom++".
+void ShowInformation(HWND owner, std::u16string_view text);
+
+// Puts `text` on the clipboard as CF_UNICODETEXT. Returns whether the clipboard took it.
+bool CopyToClipboard(HWND owner, std::u16string_view text);
+
+// The first installed of the Tamil-capable faces, best first; the last when none is.
+std::wstring TamilCapableFace();
+
+// The executable's folder.
+std::wstring ProgramFolder();
+
+}  // namespace quilom::tools::win32

@@ -1,0 +1,257 @@
+#include "tools/win32/tool_window.hpp"
+
+#include <commctrl.h>
+#include <richedit.h>
+
+#include <algorithm>
+#include <vector>
+
+#include "settings/error_report.hpp"
+#include "tools/win32/tool_controls.hpp"
+
+namespace quilom::tools::win32 {
+
+namespace {
+
+constexpr wchar_t kClassName[] = L"QuilomToolWindow";
+constexpr UINT_PTR kTabLeavesBoxSubclass = 1;
+
+std::vector<ToolWindow*>& OpenWindows() {
+  static std::vector<ToolWindow*> windows;
+  return windows;
+}
+
+int SystemDpi() {
+  HDC screen = GetDC(nullptr);
+  const int dpi = GetDeviceCaps(screen, LOGPIXELSY);
+  ReleaseDC(nullptr, screen);
+  return dpi > 0 ? dpi : 96;
+}
+
+HFONT MessageFont() {
+  NONCLIENTMETRICSW metrics{};
+  metrics.cbSize = sizeof(metrics);
+  if (SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof(metrics), &metrics, 0)) {
+    return CreateFontIndirectW(&metrics.lfMessageFont);
+  }
+  return nullptr;
+}
+
+HFONT TextFont(int dpi) {
+  const std::wstring face = TamilCapableFace();
+  return CreateFontW(-MulDiv(11, dpi, 72), 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE, DEFAULT_CHARSET,
+                     OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS, CLEARTYPE_QUALITY, DEFAULT_PITCH, face.c_str());
+}
+
+// A multi-line RichEdit asks for Tab itself; the tools' boxes hold plain text where a typed tab
+// is rarely wanted, and the keyboard user needs Tab to reach the buttons.
+LRESULT CALLBACK TabLeavesBox(HWND box, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR, DWORD_PTR) {
+  if (message == WM_GETDLGCODE) {
+    LRESULT code = DefSubclassProc(box, message, wParam, lParam);
+    code &= ~(DLGC_WANTTAB | DLGC_WANTALLKEYS);
+    const auto* keyMessage = reinterpret_cast<const MSG*>(lParam);
+    // Enter still breaks lines inside the box.
+    if (keyMessage != nullptr && keyMessage->message == WM_KEYDOWN && keyMessage->wParam == VK_RETURN) {
+      code |= DLGC_WANTMESSAGE;
+    }
+    return code;
+  }
+  if (message == WM_NCDESTROY) RemoveWindowSubclass(box, TabLeavesBox, kTabLeavesBoxSubclass);
+  return DefSubclassProc(box, message, wParam, lParam);
+}
+
+const wchar_t* RichEditClass() {
+  static const wchar_t* name = [] {
+    if (LoadLibraryW(L"Msftedit.dll") != nullptr) return MSFTEDIT_CLASS;
+    LoadLibraryW(L"Riched20.dll");
+    return RICHEDIT_CLASSW;
+  }();
+  return name;
+}
+
+void RegisterClassOnce(HINSTANCE instance, WNDPROC procedure) {
+  WNDCLASSEXW windowClass{};
+  windowClass.cbSize = sizeof(windowClass);
+  if (GetClassInfoExW(instance, kClassName, &windowClass)) return;
+  windowClass.lpfnWndProc = procedure;
+  windowClass.hInstance = instance;
+  windowClass.hCursor = LoadCursorW(nullptr, IDC_ARROW);
+  windowClass.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1);
+  windowClass.hIcon = LoadIconW(instance, MAKEINTRESOURCEW(1));
+  if (windowClass.hIcon == nullptr) windowClass.hIcon = LoadIconW(nullptr, IDI_APPLICATION);
+  windowClass.lpszClassName = kClassName;
+  RegisterClassExW(&windowClass);
+}
+
+}  // namespace
+
+ToolWindow::~ToolWindow() {
+  if (uiFont_ != nullptr) DeleteObject(uiFont_);
+  if (textFont_ != nullptr) DeleteObject(textFont_);
+}
+
+HWND ToolWindow::Open(std::unique_ptr<ToolWindow> window, HINSTANCE instance, HWND owner, std::wstring_view kind,
+                      std::wstring_view title, int width, int height, HMENU menu) {
+  if (HWND open = FindOpen(kind); open != nullptr) {
+    if (menu != nullptr) DestroyMenu(menu);
+    if (IsIconic(open)) ShowWindow(open, SW_RESTORE);
+    SetForegroundWindow(open);
+    return open;
+  }
+  RegisterClassOnce(instance, Procedure);
+  window->kind_ = std::wstring(kind);
+  window->dpi_ = SystemDpi();
+  RECT frame{0, 0, window->Px(width), window->Px(height)};
+  constexpr DWORD style = WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN;
+  constexpr DWORD extendedStyle = WS_EX_CONTROLPARENT;
+  AdjustWindowRectEx(&frame, style, menu != nullptr, extendedStyle);
+  const std::wstring caption(title);
+  ToolWindow* raw = window.release();
+  HWND created = CreateWindowExW(extendedStyle, kClassName, caption.c_str(), style, CW_USEDEFAULT, CW_USEDEFAULT,
+                                 frame.right - frame.left, frame.bottom - frame.top, owner, menu, instance, raw);
+  if (created == nullptr) {
+    // WM_NCCREATE never ran, so nothing took the object.
+    if (raw->window_ == nullptr) delete raw;
+    return nullptr;
+  }
+  ShowWindow(created, SW_SHOWNORMAL);
+  UpdateWindow(created);
+  return created;
+}
+
+HWND ToolWindow::FindOpen(std::wstring_view kind) {
+  for (ToolWindow* window : OpenWindows()) {
+    if (window->kind_ == kind) return window->window_;
+  }
+  return nullptr;
+}
+
+bool ToolWindow::AnyOpen() { return !OpenWindows().empty(); }
+
+bool ToolWindow::TranslateNavigation(MSG& message) {
+  for (ToolWindow* window : OpenWindows()) {
+    HWND top = window->window_;
+    if (message.hwnd == top || IsChild(top, message.hwnd)) return IsDialogMessageW(top, &message) != FALSE;
+  }
+  return false;
+}
+
+HWND ToolWindow::AddLabel(int id, std::wstring_view text) {
+  const std::wstring caption(text);
+  HWND label = CreateWindowExW(0, WC_STATICW, caption.c_str(), WS_CHILD | WS_VISIBLE, 0, 0, 0, 0,
+                               window_, reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), nullptr, nullptr);
+  SendMessageW(label, WM_SETFONT, reinterpret_cast<WPARAM>(uiFont_), FALSE);
+  return label;
+}
+
+HWND ToolWindow::AddButton(int id, std::wstring_view text, bool isDefault) {
+  const std::wstring caption(text);
+  const DWORD style = WS_CHILD | WS_VISIBLE | WS_TABSTOP | (isDefault ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON);
+  HWND button = CreateWindowExW(0, WC_BUTTONW, caption.c_str(), style, 0, 0, 0, 0, window_,
+                                reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), nullptr, nullptr);
+  SendMessageW(button, WM_SETFONT, reinterpret_cast<WPARAM>(uiFont_), FALSE);
+  return button;
+}
+
+HWND ToolWindow::AddCheckBox(int id, std::wstring_view text) {
+  const std::wstring caption(text);
+  HWND box = CreateWindowExW(0, WC_BUTTONW, caption.c_str(), WS_CHILD | WS_VISIBLE | WS_TABSTOP | BS_AUTOCHECKBOX,
+                             0, 0, 0, 0, window_, reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), nullptr, nullptr);
+  SendMessageW(box, WM_SETFONT, reinterpret_cast<WPARAM>(uiFont_), FALSE);
+  return box;
+}
+
+HWND ToolWindow::AddTextBox(int id, bool readOnly, bool notifyChanges) {
+  DWORD style = WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_VSCROLL | ES_MULTILINE | ES_AUTOVSCROLL | ES_WANTRETURN |
+                ES_NOHIDESEL;
+  if (readOnly) style |= ES_READONLY;
+  HWND box = CreateWindowExW(WS_EX_CLIENTEDGE, RichEditClass(), L"", style, 0, 0, 0, 0, window_,
+                             reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), nullptr, nullptr);
+  SendMessageW(box, EM_SETTEXTMODE, TM_PLAINTEXT | TM_MULTILEVELUNDO | TM_MULTICODEPAGE, 0);
+  // The default limit (32 767 characters) would cut long documents short.
+  SendMessageW(box, EM_EXLIMITTEXT, 0, 64 * 1024 * 1024);
+  SendMessageW(box, WM_SETFONT, reinterpret_cast<WPARAM>(textFont_), FALSE);
+  SendMessageW(box, EM_SETEVENTMASK, 0, notifyChanges ? ENM_CHANGE : 0);
+  SetWindowSubclass(box, TabLeavesBox, kTabLeavesBoxSubclass, 0);
+  return box;
+}
+
+void ToolWindow::Place(int id, int x, int y, int width, int height) const {
+  SetWindowPos(Item(id), nullptr, x, y, std::max(width, 0), std::max(height, 0), SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+bool ToolWindow::IsTicked(int id) const { return IsDlgButtonChecked(window_, id) == BST_CHECKED; }
+
+void ToolWindow::SetTicked(int id, bool ticked) const {
+  CheckDlgButton(window_, id, ticked ? BST_CHECKED : BST_UNCHECKED);
+}
+
+void ToolWindow::SetCaption(int id, std::u16string_view text) const {
+  const std::wstring wide(text.begin(), text.end());
+  SetDlgItemTextW(window_, id, wide.c_str());
+}
+
+void ToolWindow::ReportTrapped(std::u16string_view description) noexcept {
+  ReportError(ErrorTag(), ErrorDetails{-1, u"Quilom++", std::u16string(description)});
+}
+
+LRESULT CALLBACK ToolWindow::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
+  if (message == WM_NCCREATE) {
+    auto* self = static_cast<ToolWindow*>(reinterpret_cast<CREATESTRUCTW*>(lParam)->lpCreateParams);
+    self->window_ = window;
+    SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(self));
+  }
+  auto* self = reinterpret_cast<ToolWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+  if (self == nullptr) return DefWindowProcW(window, message, wParam, lParam);
+  if (message == WM_NCDESTROY) {
+    SetWindowLongPtrW(window, GWLP_USERDATA, 0);
+    auto& open = OpenWindows();
+    open.erase(std::remove(open.begin(), open.end(), self), open.end());
+    delete self;
+    return DefWindowProcW(window, message, wParam, lParam);
+  }
+  LRESULT result = 0;
+  bool handled = false;
+  self->Guarded([&] {
+    result = self->Dispatch(message, wParam, lParam);
+    handled = true;
+  });
+  return handled ? result : DefWindowProcW(window, message, wParam, lParam);
+}
+
+LRESULT ToolWindow::Dispatch(UINT message, WPARAM wParam, LPARAM lParam) {
+  switch (message) {
+    case WM_CREATE:
+      uiFont_ = MessageFont();
+      textFont_ = TextFont(dpi_);
+      OpenWindows().push_back(this);
+      OnCreate();
+      return 0;
+    case WM_SIZE:
+      if (wParam != SIZE_MINIMIZED) OnLayout(LOWORD(lParam), HIWORD(lParam));
+      return 0;
+    case WM_GETMINMAXINFO: {
+      auto* limits = reinterpret_cast<MINMAXINFO*>(lParam);
+      limits->ptMinTrackSize = POINT{Px(420), Px(320)};
+      return 0;
+    }
+    case WM_COMMAND:
+      // Escape, through the dialog navigation, closes the window as it closes a dialog.
+      if (LOWORD(wParam) == IDCANCEL && lParam == 0) {
+        PostMessageW(window_, WM_CLOSE, 0, 0);
+        return 0;
+      }
+      OnCommand(LOWORD(wParam), HIWORD(wParam));
+      return 0;
+    case WM_TIMER:
+      OnTimer(wParam);
+      return 0;
+    case WM_DESTROY:
+      OnDestroy();
+      return 0;
+    default:
+      return DefWindowProcW(window_, message, wParam, lParam);
+  }
+}
+
+}  // namespace quilom::tools::win32
