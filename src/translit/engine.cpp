@@ -115,6 +115,9 @@ Engine::TailScan Engine::ScanTail(int start) const {
   // The keys are sorted, so the keys that begin with the tail form one run that starts at
   // the first key not below it: the run's first key is the match when it equals the tail.
   const auto& keys = keymap_->phoneticKeys;
+  // A one-key tail begins every key of its row, and the key of that one character, if any,
+  // sorts first: the common case after a buffer restart needs no search.
+  if (tail.size() == 1) last = first;
   ++last;
   while (first < last) {
     const int middle = first + (last - first) / 2;
