@@ -65,7 +65,7 @@ class ConvertClickTest : public ::testing::Test {
   ClickOutcome Click(const WindowSnapshot& window, AutomationRef word, std::deque<PromptAnswer> answers) {
     connector = std::make_unique<FixedConnector>(std::move(word));
     prompter = ScriptedPrompter(std::move(answers));
-    ClickServices services{connector.get(), binding, &prompter, nullptr, nullptr, folder.path()};
+    ClickServices services{connector.get(), binding, &prompter, progress, nullptr, folder.path()};
     return ConvertClick(window, services);
   }
   void WriteTable(int id, std::u16string_view text) {
@@ -78,6 +78,7 @@ class ConvertClickTest : public ::testing::Test {
   std::unique_ptr<FixedConnector> connector;
   ScriptedPrompter prompter;
   WordBinding binding = WordBinding::LateBound;
+  ProgressLabel progress;
 };
 
 TEST_F(ConvertClickTest, WordCheckMessagesDependOnTheBindingAndComeBeforeAnyQuestion) {
@@ -190,7 +191,11 @@ TEST_F(ConvertClickTest, PlainTextThatCannotBeReadLeavesTheDocumentAlone) {
   window.plainText = true;
   auto word = WordWithDocuments(1);
   word->FailOn("ActiveDocument.Content.Text");
+  std::vector<std::u16string> labels;
+  progress = [&labels](std::u16string_view text) { labels.emplace_back(text); };
   const ClickOutcome outcome = Click(window, word, {PromptAnswer::Yes});
+  ASSERT_FALSE(labels.empty());
+  EXPECT_EQ(labels.back(), kRunStopped);
   ASSERT_TRUE(outcome.run.has_value());
   EXPECT_EQ(outcome.run->status, RunStatus::Failed);
   EXPECT_TRUE(word->LinesStartingWith("put ActiveDocument.Content").empty());

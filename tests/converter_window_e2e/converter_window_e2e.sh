@@ -211,6 +211,26 @@ case $scenario in
     keys Tab Down
     [ "$(setting 'To Index')" = 1 ] || fail "To Index is '$(setting 'To Index')' after Tab and Down"
     ;;
+  word-fails)
+    # Word refuses the third replace-all: the report names the routine, Word's own error and
+    # the pair reached, and nothing after it is tried.
+    prepare_data
+    write_settings $TSCII 0 1 2 0 0 1 1
+    start_host --fake-word 1 --fail Execute,3
+    keys alt+c
+    wait_log "message: Kindly PLEASE ENSURE"
+    answer y
+    wait_log "report: " 30
+    grep '^report: ' "$WORK/log.txt" | grep -q "module: 'TFC - L2U'" || fail "the report does not name the routine"
+    grep '^report: ' "$WORK/log.txt" | grep -q "Source: Stand-in Word" || fail "the report lacks Word's source"
+    grep '^report: ' "$WORK/log.txt" | grep -q "Command failed (the conversion stopped at pair 3 of " ||
+      fail "the report lacks Word's error or the pair reached"
+    shot report-word-failed
+    answer Return
+    sleep 0.5
+    [ "$(grep -c 'Find.Execute(' "$WORK/log.txt")" = 3 ] || fail "replace-alls went on after the failure"
+    grep -q '^put ScreenUpdating=True$' "$WORK/log.txt" || fail "screen updating left off"
+    ;;
   convert-quotes)
     prepare_data
     write_settings 0 $TSCII 1 2 0 0 1 1

@@ -135,6 +135,10 @@ void ConverterWindow::FillQuoteLists() {
   const LegacyQuoteLists legacy = FillLegacyQuotes(quotesText, to, !unicodeQuotes.items.empty(), fontName);
   legacyQuoteFont_.Reset(MakeFont(fontName.empty() ? L"Arial" : Wide(fontName).c_str(), 20));
   SendMessageW(Control(kCmbToQuote), WM_SETFONT, reinterpret_cast<WPARAM>(legacyQuoteFont_.Get()), TRUE);
+  // A legacy font's metrics differ from Arial's: keep the three fields the same height, so the
+  // row of quote lists stays even.
+  const LRESULT fieldHeight = SendMessageW(Control(kCmbFromQuote), CB_GETITEMHEIGHT, static_cast<WPARAM>(-1), 0);
+  if (fieldHeight > 0) SendMessageW(Control(kCmbToQuote), CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), fieldHeight);
   for (int id : {kCmbToQuote, kCmbToQuoteEng}) {
     SendMessageW(Control(id), CB_RESETCONTENT, 0, 0);
     for (const std::u16string& quote : legacy.inLegacyFont.items) {

@@ -22,8 +22,8 @@ ClickOutcome Stop(const ClickServices& services, std::u16string message) {
   return {std::move(message), std::nullopt};
 }
 
-RunOutcome RunOverWord(const ConversionRequest& request, const AutomationRef& application, bool plainText,
-                       const ClickServices& services) {
+RunOutcome RunOverWordOnce(const ConversionRequest& request, const AutomationRef& application, bool plainText,
+                           const ClickServices& services) {
   if (!plainText) {
     WordDocumentEditor editor(application);
     return RunConversion(request, editor, *services.prompter, services.progress, services.clock);
@@ -35,6 +35,15 @@ RunOutcome RunOverWord(const ConversionRequest& request, const AutomationRef& ap
                                                                           : kUnicodeToLegacyTag,
                 editor.LastError());
     outcome.status = RunStatus::Failed;
+  }
+  return outcome;
+}
+
+RunOutcome RunOverWord(const ConversionRequest& request, const AutomationRef& application, bool plainText,
+                       const ClickServices& services) {
+  const RunOutcome outcome = RunOverWordOnce(request, application, plainText, services);
+  if (outcome.status == RunStatus::Failed && services.progress) {
+    services.progress(kRunStopped);
   }
   return outcome;
 }

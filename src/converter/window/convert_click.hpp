@@ -40,10 +40,15 @@ struct ClickOutcome {
   std::optional<RunOutcome> run;  // set when a conversion ran
 };
 
+inline constexpr std::u16string_view kRunStopped =
+    u"The conversion stopped before the end (see the message). The text converted until then stays converted.";
+
 // The Convert button: the word-processor check, the backup question (anything but Yes
 // stops silently), then the checks of DecideConversion in order, the table and the run.
 // With "Convert As Plain Text" the run goes through WordPlainTextEditor and its result is
-// written back when the run completes. Never throws; failures are reported with "TFC - Cnv".
+// written back when the run completes. A run that fails leaves kRunStopped in the progress
+// label, so the label never goes on saying that the conversion is in progress. Never throws;
+// failures are reported with "TFC - Cnv".
 ClickOutcome ConvertClick(const WindowSnapshot& window, const ClickServices& services);
 
 // The Convert Quotes button, with the selected rows of the three quote lists (empty text when

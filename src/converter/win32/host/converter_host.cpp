@@ -5,6 +5,7 @@
 //                         Word with N open documents (test only; see fake_word_dispatch.hpp)
 //   --selection S,E       the stand-in's selection (character positions)
 //   --text TEXT           the stand-in's document text (read by the plain-text variant)
+//   --fail METHOD,N       the stand-in's METHOD fails from its N-th call on
 //   --log FILE            append every message box text and the stand-in's calls to FILE
 //   --ready-file FILE     written once the window has loaded its lists and settings
 //   --exit-when FILE      close the window when FILE appears
@@ -36,6 +37,8 @@ struct HostOptions {
   int selectionStart = 0;
   int selectionEnd = 0;
   std::wstring text;
+  std::wstring failingMethod;
+  int failFromCall = 1;
   std::filesystem::path log;
   std::filesystem::path readyFile;
   std::filesystem::path exitWhen;
@@ -59,6 +62,11 @@ HostOptions ParseOptions() {
     if (name == L"--fake-word") {
       options.fakeWord = true;
       options.documents = value == L"none" ? -1 : _wtoi(value.c_str());
+    }
+    if (name == L"--fail") {
+      const auto comma = value.find(L',');
+      options.failingMethod = value.substr(0, comma);
+      if (comma != std::wstring::npos) options.failFromCall = _wtoi(value.c_str() + comma + 1);
     }
     if (name == L"--selection") {
       options.selectionStart = _wtoi(value.c_str());
@@ -89,6 +97,8 @@ class FakeWordConnector final : public window::WordConnector {
     state_->selectionEnd = options.selectionEnd;
     state_->contentText = options.text;
     state_->logFile = options.log;
+    state_->failingMethod = options.failingMethod;
+    state_->failFromCall = options.failFromCall;
     running_ = options.documents >= 0;
   }
   window::AutomationRef AttachRunning() override {

@@ -73,7 +73,7 @@ class FakeNode final : public IDispatch {
     return S_OK;
   }
   HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* parameters, VARIANT* result,
-                                   EXCEPINFO*, UINT*) override {
+                                   EXCEPINFO* exception, UINT*) override {
     const std::wstring name = names_->NameOf(id);
     const std::wstring full = path_.empty() ? name : path_ + L"." + name;
     if (flags & DISPATCH_PROPERTYPUT) {
@@ -83,13 +83,14 @@ class FakeNode final : public IDispatch {
       return S_OK;
     }
     if (parameters->cArgs > 0 || name == L"ClearFormatting" || name == L"UndoClear") {
-      return Call(full, name, *parameters, result);
+      return Call(full, name, *parameters, result, exception);
     }
     return Property(full, name, result);
   }
 
  private:
-  HRESULT Call(const std::wstring& full, const std::wstring& name, const DISPPARAMS& parameters, VARIANT* result) {
+  HRESULT Call(const std::wstring& full, const std::wstring& name, const DISPPARAMS& parameters, VARIANT* result,
+               EXCEPINFO* exception) {
     std::wstring line = L"call " + full + L"(";
     // Arguments arrive last to first; the log shows them in the order they were written.
     for (UINT i = parameters.cArgs; i-- > 0;) {
@@ -98,6 +99,13 @@ class FakeNode final : public IDispatch {
       line += argument + L"=" + Describe(parameters.rgvarg[i]) + (i > 0 ? L"," : L"");
     }
     Log(line + L")");
+    if (name == state_->failingMethod && ++state_->failingCalls >= state_->failFromCall && exception != nullptr) {
+      *exception = EXCEPINFO{};
+      exception->scode = static_cast<SCODE>(0x800A1066);
+      exception->bstrSource = SysAllocString(L"Stand-in Word");
+      exception->bstrDescription = SysAllocString(L"Command failed");
+      return DISP_E_EXCEPTION;
+    }
     if (result != nullptr && name == L"Execute") {
       result->vt = VT_BOOL;
       result->boolVal = VARIANT_TRUE;

@@ -19,6 +19,11 @@ struct FakeWordState {
   int selectionEnd = 0;
   std::wstring contentText;
   std::filesystem::path logFile;
+  // A method that fails, from its `failFromCall`-th call on, as Word does: DISP_E_EXCEPTION
+  // with the error in EXCEPINFO.
+  std::wstring failingMethod;
+  int failFromCall = 1;
+  int failingCalls = 0;
 };
 
 // The application object, with one reference for the caller.
