@@ -67,6 +67,45 @@ void WaitForGroup(int pgid, std::chrono::milliseconds limit) {
 
 std::string FileUrl(const std::filesystem::path& folder) { return "file://" + folder.string(); }
 
+// The offices of this process, for the signal handler: an office runs in a session of its
+// own, so an interrupted or killed-by-timeout client would otherwise leave it running.
+constexpr int kMaxOffices = 8;
+volatile sig_atomic_t runningGroups[kMaxOffices] = {};
+
+extern "C" void StopOfficesAndDie(int signalNumber) {
+  for (int i = 0; i < kMaxOffices; ++i) {
+    if (runningGroups[i] > 0) kill(-runningGroups[i], SIGKILL);
+  }
+  signal(signalNumber, SIG_DFL);
+  raise(signalNumber);
+}
+
+void WatchSignals() {
+  for (int signalNumber : {SIGINT, SIGTERM, SIGHUP}) {
+    struct sigaction current {};
+    // A handler the program installed itself is left alone.
+    if (sigaction(signalNumber, nullptr, &current) == 0 && current.sa_handler == SIG_DFL) {
+      struct sigaction stop {};
+      stop.sa_handler = StopOfficesAndDie;
+      sigemptyset(&stop.sa_mask);
+      sigaction(signalNumber, &stop, nullptr);
+    }
+  }
+}
+
+void Remember(int pgid, bool running) {
+  for (int i = 0; i < kMaxOffices; ++i) {
+    if (running && runningGroups[i] == 0) {
+      runningGroups[i] = pgid;
+      return;
+    }
+    if (!running && runningGroups[i] == pgid) {
+      runningGroups[i] = 0;
+      return;
+    }
+  }
+}
+
 }  // namespace
 
 std::filesystem::path FindSoffice() {
@@ -124,6 +163,8 @@ bool OfficeProcess::Start(const std::filesystem::path& soffice, std::string& err
     _exit(127);
   }
   pid_ = pid;
+  WatchSignals();
+  Remember(pid, true);
   // Until the child has its own process group, signalling the group would miss it.
   const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(2);
   while (getpgid(pid) != pid && std::chrono::steady_clock::now() < deadline) {
@@ -158,6 +199,7 @@ void OfficeProcess::Stop(std::chrono::milliseconds grace) {
       WaitForGroup(pgid, std::chrono::milliseconds(2000));
     }
     WaitFor(pid_, std::chrono::milliseconds(500));
+    Remember(pgid, false);
     pid_ = -1;
   }
   if (!profileDir_.empty()) {
