@@ -20,14 +20,20 @@
 ;
 ; Silent install (/S): installs every section that is on by default, start-up link included.
 
-Unicode true
+; The 64-bit package gets a 64-bit installer: it runs wherever the program can (a 32-bit
+; installer would not start on systems without 32-bit support, Wine's 64-bit-only prefixes
+; among them).
+!if "${ARCH}" == "win64"
+  Target amd64-unicode
+!else
+  Unicode true
+!endif
 RequestExecutionLevel user
 SetCompressor /SOLID lzma
 
 !include "MUI2.nsh"
 !include "LogicLib.nsh"
 !include "FileFunc.nsh"
-!include "x64.nsh"
 
 !define PRODUCT "Quilom++"
 !define EXE "Quilom++.exe"
@@ -66,15 +72,6 @@ VIAddVersionKey "LegalCopyright" "The ${PRODUCT} developers"
 !insertmacro MUI_UNPAGE_CONFIRM
 !insertmacro MUI_UNPAGE_INSTFILES
 !insertmacro MUI_LANGUAGE "English"
-
-Function .onInit
-  !if "${ARCH}" == "win64"
-    ${IfNot} ${RunningX64}
-      MessageBox MB_OK|MB_ICONSTOP "This is the 64-bit ${PRODUCT}. Please use the 32-bit installer (win32) on this computer." /SD IDOK
-      Abort
-    ${EndIf}
-  !endif
-FunctionEnd
 
 Section "${PRODUCT} (required)" SecProgram
   SectionIn RO
