@@ -231,6 +231,29 @@ case $scenario in
     [ "$(grep -c 'Find.Execute(' "$WORK/log.txt")" = 3 ] || fail "replace-alls went on after the failure"
     grep -q '^put ScreenUpdating=True$' "$WORK/log.txt" || fail "screen updating left off"
     ;;
+  stale-fonts-list)
+    # A fonts list made when the system had other fonts is regenerated after the message, and
+    # the rewritten file holds the header and one line per system font.
+    prepare_data
+    fonts_list="$WORK/Sorvin/Tamil Fonts Converter/QuilomPlus-WinFontsList.txt"
+    printf 'List of all fonts present in the system\r\nGone Font\r\nOther Gone Font' | iconv -f utf-8 -t utf-16le |
+      { printf '\xff\xfe'; cat; } >"$fonts_list"
+    wine "$HOST_EXE" --data "$(winpath "$WORK/Sorvin")" --log "$(winpath "$WORK/log.txt")" \
+      --exit-when "$(winpath "$WORK/stop")" </dev/null >"$WORK/host.out" 2>&1 &
+    HOST_PID=$!
+    wait_log "message: Fonts have got added or deleted in your system recently (Earlier - 2. Now - " 30
+    shot message-fonts-list
+    now=$(grep -o 'Now - [0-9]*' "$WORK/log.txt" | head -1 | cut -d' ' -f3)
+    answer Return
+    for _ in $(seq 100); do
+      [ "$(iconv -f utf-16 -t utf-8 "$fonts_list" | tr -d '\r' | head -1)" = "List of all fonts present in the system" ] &&
+        [ "$(iconv -f utf-16 -t utf-8 "$fonts_list" | grep -c '')" = $((now + 1)) ] && break
+      sleep 0.1
+    done
+    [ "$(iconv -f utf-16 -t utf-8 "$fonts_list" | grep -c '')" = $((now + 1)) ] ||
+      fail "the fonts list has $(iconv -f utf-16 -t utf-8 "$fonts_list" | grep -c '') lines for $now fonts"
+    ! iconv -f utf-16 -t utf-8 "$fonts_list" | grep -q 'Gone Font' || fail "the old fonts list is still there"
+    ;;
   convert-quotes)
     prepare_data
     write_settings 0 $TSCII 1 2 0 0 1 1
