@@ -184,6 +184,24 @@ void AssignConfidence(std::vector<EncodingGuess>& guesses, double letters) {
   for (EncodingGuess& guess : guesses) guess.confidence /= sum;
 }
 
+// How many syllables of the script come back through the encoding's two tables.
+std::size_t Coverage(PairReplacer& toUnicode, std::vector<TablePair> toLegacyPairs) {
+  PairReplacer toLegacy(std::move(toLegacyPairs));
+  const std::u16string consonants = u"கஙசஞடணதநபமயரலவழளறனஜஷஸஹ";
+  const std::u16string signs = u"\u0BCD\u0BBE\u0BBF\u0BC0\u0BC1\u0BC2\u0BC6\u0BC7\u0BC8\u0BCA\u0BCB\u0BCC";
+  std::size_t carried = 0;
+  const auto check = [&](const std::u16string& syllable) {
+    const std::u16string legacy = toLegacy.Apply(syllable);
+    if (std::none_of(legacy.begin(), legacy.end(), IsTamil) && toUnicode.Apply(legacy) == syllable) ++carried;
+  };
+  for (char16_t vowel = u'அ'; vowel <= u'ஔ'; ++vowel) check(std::u16string(1, vowel));
+  for (const char16_t consonant : consonants) {
+    check(std::u16string(1, consonant));
+    for (const char16_t sign : signs) check(std::u16string{consonant, sign});
+  }
+  return carried;
+}
+
 }  // namespace
 
 bool ReadsAsTamil(const EncodingGuess& guess) { return guess.score >= kTamilFloor; }
@@ -201,8 +219,11 @@ EncodingDetector EncodingDetector::Load(const std::filesystem::path& converterFo
     if (!id) continue;
     const std::u16string table = LoadTableText(converterFolder, *id);
     if (table.empty()) continue;
-    detector.candidates_.push_back({static_cast<int>(position), list.names[position],
-                                    std::make_shared<PairReplacer>(ParseConversionTable(table).pairs)});
+    auto replacer = std::make_shared<PairReplacer>(ParseConversionTable(table).pairs);
+    const std::u16string toLegacy =
+        LoadTableText(converterFolder, *UnicodeToLegacyTableId(static_cast<int>(position), true));
+    const std::size_t coverage = Coverage(*replacer, ParseConversionTable(toLegacy).pairs);
+    detector.candidates_.push_back({static_cast<int>(position), list.names[position], std::move(replacer), coverage});
   }
   return detector;
 }
@@ -210,16 +231,26 @@ EncodingDetector EncodingDetector::Load(const std::filesystem::path& converterFo
 std::vector<EncodingGuess> EncodingDetector::Rank(std::u16string_view text, std::size_t sampleLimit) const {
   const std::u16string_view sample = Sample(text, sampleLimit);
   std::vector<EncodingGuess> guesses;
+  std::vector<std::size_t> coverage;
   double letters = 0;
   for (const Candidate& candidate : candidates_) {
     const WordScore score = ScoreText(candidate.replacer->Apply(sample));
     letters = std::max(letters, score.letters);
     const double value = score.letters == 0 ? 0.0 : (score.tamil - score.penalty) / score.letters;
     guesses.push_back({candidate.position, candidate.name, value, 0});
+    coverage.push_back(candidate.coverage);
   }
-  // Equal scores keep list order, so the answer never depends on the sort's whims.
-  std::stable_sort(guesses.begin(), guesses.end(),
-                   [](const EncodingGuess& a, const EncodingGuess& b) { return a.score > b.score; });
+  // Between equal scores the encoding whose table carries more syllables is the likelier to
+  // read the text right; after that, list order, so the answer never depends on the sort.
+  std::vector<std::size_t> order(guesses.size());
+  for (std::size_t i = 0; i < order.size(); ++i) order[i] = i;
+  std::stable_sort(order.begin(), order.end(), [&](std::size_t a, std::size_t b) {
+    if (guesses[a].score != guesses[b].score) return guesses[a].score > guesses[b].score;
+    return coverage[a] > coverage[b];
+  });
+  std::vector<EncodingGuess> sorted;
+  for (const std::size_t i : order) sorted.push_back(guesses[i]);
+  guesses = std::move(sorted);
   AssignConfidence(guesses, letters);
   return guesses;
 }

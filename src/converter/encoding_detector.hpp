@@ -45,6 +45,7 @@ class EncodingDetector {
     int position;
     std::u16string name;
     std::shared_ptr<PairReplacer> replacer;
+    std::size_t coverage;  // syllables its tables carry both ways
   };
   std::vector<Candidate> candidates_;
 };
