@@ -1,10 +1,11 @@
 // The same TSCII document converted through LibreOffice Writer and through the plain-text
 // core path, in one run; prints both times and their ratio. Usage:
-//   libreoffice_bench [paragraphs (default 100)]
+//   libreoffice_bench [paragraphs (default 100)] [--mixed]
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <string>
+#include <vector>
 
 #include <com/sun/star/beans/XPropertySet.hpp>
 #include <com/sun/star/frame/XComponentLoader.hpp>
@@ -53,7 +54,41 @@ double Seconds(std::chrono::steady_clock::time_point start) {
   return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
 }
 
-Reference<css::frame::XModel> MakeDocument(const OfficeConnection& office, const std::u16string& text) {
+struct Run {
+  std::u16string text;
+  const char16_t* font;
+  bool bold;
+};
+using Paragraph = std::vector<Run>;
+
+// `paragraphs` plain TSCII paragraphs of five sentences; with `mixed`, every second sentence
+// is bold and every tenth paragraph is in Arial (left alone by the run, and a reason for the
+// editor to restrict its searches to the legacy font).
+std::vector<Paragraph> MakeParagraphs(int paragraphs, bool mixed) {
+  std::vector<Paragraph> document;
+  for (int i = 0; i < paragraphs; ++i) {
+    Paragraph paragraph;
+    const bool arial = mixed && i % 10 == 9;
+    for (int s = 0; s < 5; ++s) {
+      paragraph.push_back({kSentence, arial ? u"Arial" : kLegacyFont, mixed && !arial && s % 2 == 1});
+    }
+    document.push_back(paragraph);
+  }
+  return document;
+}
+
+std::u16string PlainText(const std::vector<Paragraph>& paragraphs, bool legacyOnly) {
+  std::u16string text;
+  for (const Paragraph& paragraph : paragraphs) {
+    for (const Run& run : paragraph) {
+      if (!legacyOnly || run.font == std::u16string_view(kLegacyFont)) text += run.text;
+    }
+    text += u"\n";
+  }
+  return text;
+}
+
+Reference<css::frame::XModel> MakeDocument(const OfficeConnection& office, const std::vector<Paragraph>& paragraphs) {
   const css::beans::PropertyValue options[] = {Property(u"Hidden", Any(true))};
   const Reference<css::frame::XModel> document(
       Reference<css::frame::XComponentLoader>(office.Desktop(), UNO_QUERY_THROW)
@@ -61,20 +96,21 @@ Reference<css::frame::XModel> MakeDocument(const OfficeConnection& office, const
                                  MakeSequence(options)),
       UNO_QUERY_THROW);
   const Reference<css::text::XText> body = Reference<css::text::XTextDocument>(document, UNO_QUERY_THROW)->getText();
-  size_t start = 0;
-  while (start < text.size()) {
-    size_t end = text.find(u'\n', start);
-    if (end == std::u16string::npos) end = text.size();
-    body->insertString(body->getEnd(), ToOUString(std::u16string_view(text).substr(start, end - start)), false);
-    if (end + 1 < text.size()) body->insertControlCharacter(body->getEnd(), 0 /* paragraph break */, false);
-    start = end + 1;
-  }
-  const Reference<css::text::XTextCursor> all = body->createTextCursor();
-  all->gotoStart(false);
-  all->gotoEnd(true);
-  const Reference<css::beans::XPropertySet> properties(all, UNO_QUERY_THROW);
-  for (const char16_t* name : {u"CharFontName", u"CharFontNameAsian", u"CharFontNameComplex"}) {
-    properties->setPropertyValue(ToOUString(name), Any(ToOUString(kLegacyFont)));
+  bool first = true;
+  for (const Paragraph& paragraph : paragraphs) {
+    if (!first) body->insertControlCharacter(body->getEnd(), 0 /* paragraph break */, false);
+    first = false;
+    for (const Run& run : paragraph) {
+      const Reference<css::text::XTextCursor> cursor = body->createTextCursorByRange(body->getEnd());
+      body->insertString(Reference<css::text::XTextRange>(cursor, UNO_QUERY_THROW), ToOUString(run.text), false);
+      cursor->collapseToEnd();
+      cursor->goLeft(static_cast<sal_Int16>(run.text.size()), true);
+      const Reference<css::beans::XPropertySet> properties(cursor, UNO_QUERY_THROW);
+      for (const char16_t* name : {u"CharFontName", u"CharFontNameAsian", u"CharFontNameComplex"}) {
+        properties->setPropertyValue(ToOUString(name), Any(ToOUString(run.font)));
+      }
+      properties->setPropertyValue(ToOUString(u"CharWeight"), Any(run.bold ? 150.0f : 100.0f));
+    }
   }
   return document;
 }
@@ -83,11 +119,9 @@ Reference<css::frame::XModel> MakeDocument(const OfficeConnection& office, const
 
 int main(int argc, char** argv) {
   const int paragraphs = argc > 1 ? std::atoi(argv[1]) : 100;
-  std::u16string text;
-  for (int i = 0; i < paragraphs; ++i) {
-    for (int s = 0; s < 5; ++s) text += kSentence;
-    text += u"\n";
-  }
+  const bool mixed = argc > 2 && std::string(argv[2]) == "--mixed";
+  const std::vector<Paragraph> content = MakeParagraphs(paragraphs, mixed);
+  const std::u16string text = PlainText(content, false);
   const ConversionRequest request = Request();
   AlwaysNo prompter;
   const auto noProgress = [](std::u16string_view) {};
@@ -96,8 +130,21 @@ int main(int argc, char** argv) {
   auto start = std::chrono::steady_clock::now();
   PlainTextEditor plain(text);
   RunConversion(request, plain, prompter, noProgress, clock);
-  const std::u16string expected = plain.Text();
   const double plainSeconds = Seconds(start);
+  // What Writer should give: the legacy-font text converted, the Arial text as it was.
+  std::u16string expected;
+  for (const Paragraph& paragraph : content) {
+    for (const Run& run : paragraph) {
+      if (run.font != std::u16string_view(kLegacyFont)) {
+        expected += run.text;
+        continue;
+      }
+      PlainTextEditor one(run.text);
+      RunConversion(request, one, prompter, noProgress, clock);
+      expected += one.Text();
+    }
+    expected += u"\n";
+  }
 
   std::string error;
   start = std::chrono::steady_clock::now();
@@ -107,7 +154,7 @@ int main(int argc, char** argv) {
     return 1;
   }
   const double startSeconds = Seconds(start);
-  const Reference<css::frame::XModel> document = MakeDocument(*office, text);
+  const Reference<css::frame::XModel> document = MakeDocument(*office, content);
   double officeSeconds = 0;
   bool same = false;
   {
@@ -125,7 +172,8 @@ int main(int argc, char** argv) {
   }
   CloseDocument(document);
   const size_t words = static_cast<size_t>(paragraphs) * 5 * 6;
-  std::printf("document: %d paragraphs, %zu words, %zu table pairs\n", paragraphs, words,
+  std::printf("document: %d paragraphs%s, %zu words, %zu table pairs\n", paragraphs,
+              mixed ? " (bold runs, every tenth paragraph Arial)" : "", words,
               ParseConversionTable(request.tableText).pairs.size());
   std::printf("office start:            %8.3f s (not counted below)\n", startSeconds);
   std::printf("plain-text core path:    %11.6f s\n", plainSeconds);
