@@ -5,15 +5,19 @@
 #   target window and types a Tamil sentence there as a person would, prints what arrived
 #   (UTF-8) and saves a screenshot to build/run-screenshot.png.
 # Wine runs in a private prefix under build/, never in ~/.wine.
+# QUILOM_RUN_NO_BUILD=1 skips the install and build steps (for a second look); QUILOM_WIN64_BUILD
+# and QUILOM_E2E_TARGET point at other builds of the program and of the target window.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 root=$PWD
 
-bash scripts/install-deps.sh
-bash scripts/build.sh
+if [ -z "${QUILOM_RUN_NO_BUILD:-}" ]; then
+  bash scripts/install-deps.sh
+  bash scripts/build.sh
+fi
 
-quilom_exe=$root/build/windows/bin/Quilom++.exe
-target_exe=$root/build/linux/tests/e2e/e2e_target.exe
+quilom_exe=${QUILOM_WIN64_BUILD:-$root/build/windows}/bin/Quilom++.exe
+target_exe=${QUILOM_E2E_TARGET:-$root/build/linux/tests/e2e/e2e_target.exe}
 [ -f "$quilom_exe" ] || { echo "run: $quilom_exe was not built" >&2; exit 1; }
 echo "== packages"
 ls -1 build/packages/*.exe build/packages/*.zip 2>/dev/null | sed 's/^/  /'
@@ -30,14 +34,14 @@ fi
 session=$root/build/run-session
 echo "== no display: typing into a target window in a virtual display"
 bash tests/e2e/wine_session.sh start "$session" "$quilom_exe"
-export SESSION=$session WORK=$root/build/run-demo SHOTS=$root/build/run-demo/shots
+export SESSION=$session WORK=$root/build/run-demo SHOTS=$root/build/run-demo-shots
 export QUILOM_EXE=$quilom_exe TARGET_EXE=$target_exe
 # shellcheck disable=SC1091
 source tests/e2e/lib.sh
 trap 'stop_programs; bash tests/e2e/wine_session.sh stop "$session" >/dev/null' EXIT
 
-typed='vaNakkam thamizh ulagam! eppadi irukkiRiirkaL? wanRi. '
-expected='வணக்கம் தமிழ் உலகம்! எப்படி இருக்கிறீர்கள்? நன்றி. '
+typed='vaNakkam thamizh ulagam! wanRi. '
+expected='வணக்கம் தமிழ் உலகம்! நன்றி. '
 
 start_target
 start_quilom
