@@ -16,7 +16,7 @@ packages=(
   # the LibreOffice document backend and its end-to-end tests (real legacy and Unicode fonts)
   libreoffice-writer-nogui libreoffice-dev fonts-taml-tscu fonts-taml-tamu fonts-noto-core
   # the installer and the portable zip of the Windows builds
-  nsis zip
+  nsis zip unzip
   # real Tamil words for the round-trip measurement of reverse transliteration
   aspell aspell-ta
 )

@@ -117,3 +117,4 @@ install || fail "the reinstall failed"
 [ "$(settings_value "$typer/Settings.txt" "Present Hotkey")" = "Ctrl+F9" ] || fail "the reinstall lost the user's hotkey"
 uninstall /REMOVEUSERDATA
 [ ! -e "$install_dir" ] || fail "left behind: $(cd "$install_dir" && find . | head -5)"
+echo "PASS: install, upgrade and uninstall"
