@@ -218,6 +218,7 @@ void BelovedOska::OnTimer(UINT_PTR id) {
 void BelovedOska::Close() {
   if (closing_) return;
   closing_ = true;
+  WriteStateFile();
   KillTimer(window_, kHealthTimer);
   KillTimer(window_, kExitPollTimer);
   front_.Hooks().RemoveAll();

@@ -9,9 +9,10 @@
 //   --start-typing      switch typing on at the end of the main window's load
 //   --state-file PATH   write PATH once the window is up and its hooks are installed, and again
 //                       whenever typing is switched or the window is activated, minimised or
-//                       restored, or the hooks re-installed (lines "typing=on|off",
+//                       restored, the hooks re-installed, and at exit (lines "typing=on|off",
 //                       "active=1|0", "iconic=1|0", "button=X,Y": the start/stop button's
-//                       centre from the window's corner, and "reinstalls=N")
+//                       centre from the window's corner, "reinstalls=N" and "slowest=MS", the
+//                       longest hook callback so far)
 //   --exit-when PATH    close the program (hooks removed first) when PATH appears
 // Unknown words are ignored, so a stray argument never stops the program from starting.
 namespace quilom::shell::win32 {

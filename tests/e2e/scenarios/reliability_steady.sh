@@ -18,3 +18,5 @@ expect_no_latin_characters
 reinstalls=$(quilom_state reinstalls)
 echo "hook re-installs during the run: $reinstalls"
 [ "$reinstalls" -le 3 ] || fail "the hooks were re-installed $reinstalls times"
+stop_programs
+echo "longest keyboard hook callback during the run: $(quilom_state slowest) ms"
