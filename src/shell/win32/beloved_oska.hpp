@@ -18,6 +18,13 @@
 
 // The main typing window: owns the typing front end and its hooks for the life of the
 // process, the start/stop button for global typing and the program's own editor box.
+//
+// Load order: data folders from the executable's folder; the Tamil phonetic keymap (a missing
+// file is reported and keys then type as themselves); the output tables; the ids of running
+// word processors; the cluster probe of the editor box; the version label; the focal hook; the
+// hook health timer. The keymap comes first so that nothing can reach the engine before it has
+// its tables, and the hook comes last so that no key is taken before the window can type it.
+// Starting typing reads the keymap file again, so an edited keymap takes effect at once.
 namespace quilom::shell::win32 {
 
 class BelovedOska {
