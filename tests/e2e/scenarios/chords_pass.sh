@@ -10,3 +10,8 @@ grep -q '^KEYDOWN 0x0045 .*win=1' "$WORK/keys.log" || fail "Win+E did not reach 
 # Typing goes on normally afterwards. (Wine's edit box also takes Win+E's letter as text.)
 xdotool type --delay 30 'kaa'
 expect_text 'eகா'
+# Enter reaches the application and breaks the composition: the "a" after it starts afresh
+# instead of lengthening the vowel before the line break.
+xdotool key Return
+xdotool type --delay 30 'a'
+expect_text $'eகா\r\nஅ'
