@@ -92,6 +92,8 @@ class AutoTransliteratorWindow final : public ToolWindow {
 
   void OnDestroy() override { runner_.Stop(); }
 
+  int DefaultButton() const override { return kConvert; }
+
   std::u16string_view ErrorTag() const override { return u"AT - Conv"; }
 
  private:
@@ -160,7 +162,7 @@ class AutoTransliteratorWindow final : public ToolWindow {
     if (loadedScheme_ != AutoKeymapFor(alternate_)) keymap_.reset();
     if (!LoadKeymap()) return;
     const AutoTransliterationOptions options{IsTicked(kKeepGraves)};
-    SetBoxText(Item(kTamilBox), u"");
+    ShowText(kTamilBox, u"");
     Lock(true);
     runner_.Start(
         Handle(), std::move(input), options.keepBackQuoted,
@@ -170,7 +172,7 @@ class AutoTransliteratorWindow final : public ToolWindow {
           UpdateWindow(Item(kProgressText));
         },
         [this](const ChunkedConversion& run) {
-          SetBoxText(Item(kTamilBox), run.Output());
+          ShowText(kTamilBox, run.Output());
           Lock(false);
           SetCaption(kCounts, AutoCharacterCountsText(run.Input().size(), run.Output().size()));
           if (afterConversion_) afterConversion_();
@@ -185,7 +187,7 @@ class AutoTransliteratorWindow final : public ToolWindow {
 
   void LoadSample() {
     if (runner_.Busy()) return;
-    SetBoxText(Item(kLatinBox), LoadAutoTransliterationSample(folders_));
+    ShowText(kLatinBox, LoadAutoTransliterationSample(folders_));
     Convert();
   }
 
@@ -197,7 +199,7 @@ class AutoTransliteratorWindow final : public ToolWindow {
   void RemoveGraves() {
     HWND box = Item(kTamilBox);
     const std::u16string output = BoxText(box);
-    if (output.find(u'`') != std::u16string::npos) SetBoxText(box, RemoveGraveAccents(output));
+    if (output.find(u'`') != std::u16string::npos) ShowText(kTamilBox, RemoveGraveAccents(output));
   }
 
   settings::DataFolders folders_;

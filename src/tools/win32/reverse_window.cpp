@@ -122,7 +122,7 @@ class ReverseWindow final : public ToolWindow {
       case kFindNext: return FindNext();
       case kReplace: return Replace();
       case kMenuSample: return LoadSample();
-      case kMenuLowerCase: return SetBoxText(Item(kLatinBox), OutputToLowerCase(BoxText(Item(kLatinBox))));
+      case kMenuLowerCase: return ShowText(kLatinBox, OutputToLowerCase(BoxText(Item(kLatinBox))));
       case kMenuRemoveGraves: return RemoveGraves();
       case kMenuClose: PostMessageW(Handle(), WM_CLOSE, 0, 0); return;
       default: return;
@@ -134,6 +134,8 @@ class ReverseWindow final : public ToolWindow {
   }
 
   void OnDestroy() override { runner_.Stop(); }
+
+  int DefaultButton() const override { return kConvert; }
 
   std::u16string_view ErrorTag() const override { return tag_; }
 
@@ -149,7 +151,7 @@ class ReverseWindow final : public ToolWindow {
       options.keepGraves = IsTicked(kKeepGraves);
     }
     SetCaption(kProgressText, kPleaseWaitText);
-    SetBoxText(Item(kLatinBox), u"");
+    ShowText(kLatinBox, u"");
     Lock(true);
     runner_.Start(
         Handle(), std::move(input), options.keepGraves,
@@ -160,7 +162,7 @@ class ReverseWindow final : public ToolWindow {
           UpdateWindow(Item(kProgressText));
         },
         [this](const ChunkedConversion& run) {
-          SetBoxText(Item(kLatinBox), run.Output());
+          ShowText(kLatinBox, run.Output());
           Lock(false);
           SetCaption(kCounts, ReverseCharacterCountsText(run.Input().size(), run.Output().size()));
         });
@@ -179,7 +181,7 @@ class ReverseWindow final : public ToolWindow {
 
   void LoadSample() {
     if (runner_.Busy()) return;
-    SetBoxText(Item(kTamilBox), LoadReverseSample(folders_.mainDataFolder));
+    ShowText(kTamilBox, LoadReverseSample(folders_.mainDataFolder));
     Convert();
   }
 
@@ -207,7 +209,7 @@ class ReverseWindow final : public ToolWindow {
       const size_t at = SelectionStart(box);
       std::u16string changed = ReplaceAmbiguousSpelling(output, at, &replaced);
       if (!replaced) return FindNext();
-      SetBoxText(box, changed);
+      ShowText(kLatinBox, changed);
       SelectInBox(box, at, replaced->replacement.size());
       SetFocus(box);
     });
@@ -217,7 +219,7 @@ class ReverseWindow final : public ToolWindow {
   void RemoveGraves() {
     HWND box = Item(kLatinBox);
     const std::u16string output = BoxText(box);
-    if (output.find(u'`') != std::u16string::npos) SetBoxText(box, RemoveGraveAccents(output));
+    if (output.find(u'`') != std::u16string::npos) ShowText(kLatinBox, RemoveGraveAccents(output));
   }
 
   settings::DataFolders folders_;

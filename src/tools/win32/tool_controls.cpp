@@ -27,6 +27,17 @@ bool FaceInstalled(std::wstring_view face) {
 
 std::wstring Wide(std::u16string_view text) { return std::wstring(text.begin(), text.end()); }
 
+bool IsTamil(char16_t ch) { return ch >= 0x0B80 && ch <= 0x0BFF; }
+
+void SetFace(HWND box, WPARAM scope, std::wstring_view face) {
+  CHARFORMAT2W format{};
+  format.cbSize = sizeof(format);
+  format.dwMask = CFM_FACE | CFM_CHARSET;
+  format.bCharSet = DEFAULT_CHARSET;
+  face.copy(format.szFaceName, LF_FACESIZE - 1);
+  SendMessageW(box, EM_SETCHARFORMAT, scope, reinterpret_cast<LPARAM>(&format));
+}
+
 }  // namespace
 
 std::u16string BoxText(HWND box) {
@@ -91,14 +102,67 @@ bool CopyToClipboard(HWND owner, std::u16string_view text) {
   return copied;
 }
 
+
+bool DrawsTamilAndLatin(std::wstring_view face) {
+  HFONT font = CreateFontW(-16, 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE, DEFAULT_CHARSET, OUT_DEFAULT_PRECIS,
+                           CLIP_DEFAULT_PRECIS, DEFAULT_QUALITY, DEFAULT_PITCH, std::wstring(face).c_str());
+  if (font == nullptr) return false;
+  HDC screen = GetDC(nullptr);
+  HGDIOBJ previous = SelectObject(screen, font);
+  constexpr wchar_t kProbe[] = {0x0B95, L'a', L'Z', 0};
+  WORD glyphs[3] = {};
+  const bool drawn = GetGlyphIndicesW(screen, kProbe, 3, glyphs, GGI_MARK_NONEXISTING_GLYPHS) == 3 &&
+                     glyphs[0] != 0xFFFF && glyphs[1] != 0xFFFF && glyphs[2] != 0xFFFF;
+  SelectObject(screen, previous);
+  ReleaseDC(nullptr, screen);
+  DeleteObject(font);
+  return drawn;
+}
+
 std::wstring TamilCapableFace() {
-  // The free Tamil font first: where it is installed it is there on purpose, and it shapes
-  // every conjunct; then the Windows fonts for Indic scripts.
-  constexpr std::wstring_view faces[] = {L"Lohit Tamil", L"Nirmala UI", L"Latha", L"Noto Sans Tamil"};
+  // The Windows fonts for Indic scripts first (they have Latin letters too), then the free
+  // Tamil fonts. A face without Latin letters is taken only when no face has both; the
+  // system's font linking then has to supply the Latin letters.
+  constexpr std::wstring_view faces[] = {L"Nirmala UI", L"Latha", L"Lohit Tamil", L"Noto Sans Tamil"};
+  for (const auto face : faces) {
+    if (FaceInstalled(face) && DrawsTamilAndLatin(face)) return std::wstring(face);
+  }
   for (const auto face : faces) {
     if (FaceInstalled(face)) return std::wstring(face);
   }
-  return std::wstring(faces[1]);
+  return std::wstring(faces[0]);
+}
+
+void ApplyScriptFonts(HWND box, std::wstring_view latinFace, std::wstring_view tamilFace) {
+  const std::u16string text = BoxText(box);
+  CHARRANGE kept{};
+  SendMessageW(box, EM_EXGETSEL, 0, reinterpret_cast<LPARAM>(&kept));
+  const POINT scroll = [box] {
+    POINT position{};
+    SendMessageW(box, EM_GETSCROLLPOS, 0, reinterpret_cast<LPARAM>(&position));
+    return position;
+  }();
+  SendMessageW(box, WM_SETREDRAW, FALSE, 0);
+  SetFace(box, SCF_ALL, latinFace);
+  // The box counts a line break as one character, the text read back as two.
+  LONG position = 0;
+  for (size_t i = 0; i < text.size();) {
+    if (!IsTamil(text[i])) {
+      const bool lineBreak = text[i] == u'\r' && i + 1 < text.size() && text[i + 1] == u'\n';
+      i += lineBreak ? 2 : 1;
+      ++position;
+      continue;
+    }
+    const LONG start = position;
+    for (; i < text.size() && IsTamil(text[i]); ++i) ++position;
+    CHARRANGE run{start, position};
+    SendMessageW(box, EM_EXSETSEL, 0, reinterpret_cast<LPARAM>(&run));
+    SetFace(box, SCF_SELECTION, tamilFace);
+  }
+  SendMessageW(box, EM_EXSETSEL, 0, reinterpret_cast<LPARAM>(&kept));
+  SendMessageW(box, EM_SETSCROLLPOS, 0, reinterpret_cast<LPARAM>(&scroll));
+  SendMessageW(box, WM_SETREDRAW, TRUE, 0);
+  InvalidateRect(box, nullptr, TRUE);
 }
 
 std::wstring ProgramFolder() {

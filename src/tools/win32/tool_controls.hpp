@@ -25,6 +25,13 @@ bool CopyToClipboard(HWND owner, std::u16string_view text);
 // The first installed of the Tamil-capable faces, best first; the last when none is.
 std::wstring TamilCapableFace();
 
+// Whether the face draws both Tamil and Latin letters.
+bool DrawsTamilAndLatin(std::wstring_view face);
+
+// For a rich-text box whose Tamil font lacks Latin letters: everything in `latinFace`, the runs
+// of Tamil letters in `tamilFace`. Keeps the selection.
+void ApplyScriptFonts(HWND box, std::wstring_view latinFace, std::wstring_view tamilFace);
+
 // The executable's folder.
 std::wstring ProgramFolder();
 

@@ -37,8 +37,7 @@ HFONT MessageFont() {
   return nullptr;
 }
 
-HFONT TextFont(int dpi) {
-  const std::wstring face = TamilCapableFace();
+HFONT TextFont(int dpi, const std::wstring& face) {
   return CreateFontW(-MulDiv(11, dpi, 72), 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE, DEFAULT_CHARSET,
                      OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS, CLEARTYPE_QUALITY, DEFAULT_PITCH, face.c_str());
 }
@@ -59,6 +58,16 @@ LRESULT CALLBACK TabLeavesBox(HWND box, UINT message, WPARAM wParam, LPARAM lPar
   if (message == WM_NCDESTROY) RemoveWindowSubclass(box, TabLeavesBox, kTabLeavesBoxSubclass);
   return DefSubclassProc(box, message, wParam, lParam);
 }
+
+std::wstring LatinFace(HFONT uiFont) {
+  LOGFONTW description{};
+  if (uiFont != nullptr && GetObjectW(uiFont, sizeof(description), &description) != 0) return description.lfFaceName;
+  return L"Tahoma";
+}
+
+// Texts longer than this are not re-coloured by script on every keystroke, only when the
+// window itself sets them.
+constexpr size_t kFormatWhileTypingLimit = 20000;
 
 const wchar_t* RichEditClass() {
   static const wchar_t* name = [] {
@@ -167,11 +176,13 @@ HWND ToolWindow::AddTextBox(int id, bool readOnly, bool notifyChanges) {
   if (readOnly) style |= ES_READONLY;
   HWND box = CreateWindowExW(WS_EX_CLIENTEDGE, RichEditClass(), L"", style, 0, 0, 0, 0, window_,
                              reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), nullptr, nullptr);
-  SendMessageW(box, EM_SETTEXTMODE, TM_PLAINTEXT | TM_MULTILEVELUNDO | TM_MULTICODEPAGE, 0);
+  SendMessageW(box, EM_SETTEXTMODE, (mixFonts_ ? TM_RICHTEXT : TM_PLAINTEXT) | TM_MULTILEVELUNDO | TM_MULTICODEPAGE,
+               0);
   // The default limit (32 767 characters) would cut long documents short.
   SendMessageW(box, EM_EXLIMITTEXT, 0, 64 * 1024 * 1024);
   SendMessageW(box, WM_SETFONT, reinterpret_cast<WPARAM>(textFont_), FALSE);
-  SendMessageW(box, EM_SETEVENTMASK, 0, notifyChanges ? ENM_CHANGE : 0);
+  SendMessageW(box, EM_SETEVENTMASK, 0, notifyChanges || mixFonts_ ? ENM_CHANGE : 0);
+  notifying_.push_back(notifyChanges ? box : nullptr);
   SetWindowSubclass(box, TabLeavesBox, kTabLeavesBoxSubclass, 0);
   return box;
 }
@@ -189,6 +200,25 @@ void ToolWindow::SetTicked(int id, bool ticked) const {
 void ToolWindow::SetCaption(int id, std::u16string_view text) const {
   const std::wstring wide(text.begin(), text.end());
   SetDlgItemTextW(window_, id, wide.c_str());
+}
+
+void ToolWindow::ShowText(int id, std::u16string_view text) {
+  HWND box = Item(id);
+  formatting_ = true;
+  SetBoxText(box, text);
+  formatting_ = false;
+  if (mixFonts_) FormatScripts(box);
+}
+
+void ToolWindow::FormatScripts(HWND box) {
+  formatting_ = true;
+  ApplyScriptFonts(box, latinFace_, tamilFace_);
+  formatting_ = false;
+}
+
+void ToolWindow::MoveFocus(WPARAM target, bool isHandle) {
+  HWND next = isHandle ? reinterpret_cast<HWND>(target) : GetNextDlgTabItem(window_, GetFocus(), target != 0);
+  if (next != nullptr) SetFocus(next);
 }
 
 void ToolWindow::ReportTrapped(std::u16string_view description) noexcept {
@@ -223,7 +253,10 @@ LRESULT ToolWindow::Dispatch(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case WM_CREATE:
       uiFont_ = MessageFont();
-      textFont_ = TextFont(dpi_);
+      tamilFace_ = TamilCapableFace();
+      textFont_ = TextFont(dpi_, tamilFace_);
+      mixFonts_ = !DrawsTamilAndLatin(tamilFace_);
+      latinFace_ = LatinFace(uiFont_);
       OpenWindows().push_back(this);
       OnCreate();
       return 0;
@@ -241,11 +274,25 @@ LRESULT ToolWindow::Dispatch(UINT message, WPARAM wParam, LPARAM lParam) {
         PostMessageW(window_, WM_CLOSE, 0, 0);
         return 0;
       }
+      if (HIWORD(wParam) == EN_CHANGE && lParam != 0) {
+        HWND box = reinterpret_cast<HWND>(lParam);
+        if (formatting_) return 0;
+        if (mixFonts_ && GetWindowTextLengthW(box) < static_cast<int>(kFormatWhileTypingLimit)) FormatScripts(box);
+        // Boxes that asked for change notices get them; the others only wanted the fonts kept.
+        if (std::find(notifying_.begin(), notifying_.end(), box) == notifying_.end()) return 0;
+      }
       OnCommand(LOWORD(wParam), HIWORD(wParam));
       return 0;
     case WM_TIMER:
       OnTimer(wParam);
       return 0;
+    // IsDialogMessage moves the focus with this dialog message (a label's mnemonic, Tab) and
+    // asks for the default button; a plain window must answer them itself.
+    case WM_NEXTDLGCTL:
+      MoveFocus(wParam, LOWORD(lParam) != 0);
+      return 0;
+    case DM_GETDEFID:
+      return DefaultButton() != 0 ? MAKELRESULT(DefaultButton(), DC_HASDEFID) : 0;
     case WM_DESTROY:
       OnDestroy();
       return 0;

@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 // What the text tools' windows share: one window class, child controls created at the system
 // DPI, a Tamil-capable font for the text boxes, and a window procedure that traps every error
@@ -40,6 +41,8 @@ class ToolWindow {
   virtual void OnCommand(int id, int code) = 0;
   virtual void OnTimer(UINT_PTR) {}
   virtual void OnDestroy() {}
+  // The button that Enter presses when the focus is not on a button; 0 for none.
+  virtual int DefaultButton() const { return 0; }
   // The tag that errors trapped in this window are reported with.
   virtual std::u16string_view ErrorTag() const = 0;
 
@@ -55,6 +58,9 @@ class ToolWindow {
   HWND AddTextBox(int id, bool readOnly, bool notifyChanges);
 
   HWND Item(int id) const { return GetDlgItem(window_, id); }
+  // Replaces a text box's text (and, where the Tamil font lacks Latin letters, sets each
+  // script's font).
+  void ShowText(int id, std::u16string_view text);
   void Place(int id, int x, int y, int width, int height) const;
   bool IsTicked(int id) const;
   void SetTicked(int id, bool ticked) const;
@@ -68,12 +74,20 @@ class ToolWindow {
   static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
   LRESULT Dispatch(UINT message, WPARAM wParam, LPARAM lParam);
   void ReportTrapped(std::u16string_view description) noexcept;
+  void MoveFocus(WPARAM target, bool isHandle);
+  void FormatScripts(HWND box);
 
   HWND window_ = nullptr;
   std::wstring kind_;
   int dpi_ = 96;
   HFONT uiFont_ = nullptr;
   HFONT textFont_ = nullptr;
+  std::wstring tamilFace_;
+  std::wstring latinFace_;
+  // The Tamil face lacks Latin letters, so the boxes hold rich text with a font per script.
+  bool mixFonts_ = false;
+  bool formatting_ = false;
+  std::vector<HWND> notifying_;
 };
 
 template <typename Work>

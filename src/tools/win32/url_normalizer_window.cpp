@@ -71,6 +71,8 @@ class UrlNormalizerWindow final : public ToolWindow {
     if (id >= kOptionFirst && id < kOptionFirst + 3 && code == BN_CLICKED) return OptionClicked(id - kOptionFirst);
   }
 
+  int DefaultButton() const override { return kNormalize; }
+
   std::u16string_view ErrorTag() const override { return u"urln-load"; }
 
  private:
@@ -85,7 +87,7 @@ class UrlNormalizerWindow final : public ToolWindow {
   // The output box's change: its actions follow every new result, typed or pasted, manual or
   // automatic.
   void ShowOutput(const std::u16string& output) {
-    SetBoxText(Item(kOutputBox), output);
+    ShowText(kOutputBox, output);
     const UrlOutputActions actions = ActionsForOutputChange(output, options_);
     if (actions.copyToClipboard) CopyToClipboard(Handle(), *actions.copyToClipboard);
     if (actions.openAddress) OpenWebAddress(*actions.openAddress);
