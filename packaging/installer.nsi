@@ -39,6 +39,7 @@ SetCompressor /SOLID lzma
 !define EXE "Quilom++.exe"
 !define STARTUP_LINK "QuilomPP.url"
 !define UNINSTALL_KEY "Software\Microsoft\Windows\CurrentVersion\Uninstall\Quilom++"
+!define MAIN_WINDOW_TITLE "Quilom++ : Direct Tamil typing in all applications, or in a single application, with a set of tools"
 !define HELP_PAGE "Sorvin\Indic Direct Typer\help\getting-started.html"
 
 Name "${PRODUCT} ${VERSION}"
@@ -72,6 +73,25 @@ VIAddVersionKey "LegalCopyright" "The ${PRODUCT} developers"
 !insertmacro MUI_UNPAGE_CONFIRM
 !insertmacro MUI_UNPAGE_INSTFILES
 !insertmacro MUI_LANGUAGE "English"
+
+; A running Quilom++ holds its files open. Silent runs give up at once (exit code 2) rather than
+; leave a half-replaced program.
+!macro WaitUntilQuilomIsClosed
+  ${Do}
+    FindWindow $0 "" "${MAIN_WINDOW_TITLE}"
+    ${If} $0 == 0
+      ${Break}
+    ${EndIf}
+    MessageBox MB_RETRYCANCEL|MB_ICONEXCLAMATION "Quilom++ is running. Please close it (right click its icon near the clock and choose to exit), then click Retry." /SD IDCANCEL IDRETRY quilom_retry
+    SetErrorLevel 2
+    Quit
+    quilom_retry:
+  ${Loop}
+!macroend
+
+Function .onInit
+  !insertmacro WaitUntilQuilomIsClosed
+FunctionEnd
 
 Section "${PRODUCT} (required)" SecProgram
   SectionIn RO
@@ -131,6 +151,7 @@ SectionEnd
 Var RemoveUserData
 
 Function un.onInit
+  !insertmacro WaitUntilQuilomIsClosed
   StrCpy $RemoveUserData "no"
   ${GetParameters} $0
   ClearErrors

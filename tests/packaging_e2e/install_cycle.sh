@@ -67,6 +67,10 @@ type_with_installed_program() {
   xdotool type --delay 30 'vaNakkam '
   expect_text 'வணக்கம் '
   screenshot installed_program_typing
+  # An install over the running program would replace files it holds open: it must refuse.
+  local status=0
+  install || status=$?
+  [ "$status" = 2 ] || fail "an install over the running program gave exit code $status, expected 2"
   stop_programs
 }
 
