@@ -59,7 +59,7 @@ VIAddVersionKey "LegalCopyright" "The ${PRODUCT} developers"
 
 !define MUI_ABORTWARNING
 !define MUI_WELCOMEPAGE_TITLE "Welcome to ${PRODUCT} ${VERSION}"
-!define MUI_WELCOMEPAGE_TEXT "${PRODUCT} lets you type Tamil (and other Indic languages) in any program from your English keyboard: type vaNakkam and get வணக்கம்.$\r$\n$\r$\nIt installs for you alone, in your own folder; no administrator rights are needed.$\r$\n$\r$\nAn earlier ${PRODUCT} in the same folder is upgraded: your settings and your own keymaps are kept."
+!define MUI_WELCOMEPAGE_TEXT "${PRODUCT} lets you type Tamil (and other Indic languages) in any program from your English keyboard: type vaNakkam thamizh and it comes out in Tamil letters.$\r$\n$\r$\nIt installs for you alone, in your own folder; no administrator rights are needed.$\r$\n$\r$\nAn earlier ${PRODUCT} in the same folder is upgraded: your settings and your own keymaps are kept."
 !define MUI_FINISHPAGE_RUN "$INSTDIR\${EXE}"
 !define MUI_FINISHPAGE_RUN_TEXT "Start ${PRODUCT} now"
 !define MUI_FINISHPAGE_SHOWREADME "$INSTDIR\${HELP_PAGE}"
@@ -135,7 +135,7 @@ SectionEnd
 
 ; The same three values, in the same order, as the program's own "StartQuilom++ WithWindows"
 ; choice writes, so that the program sees the link as its own and can remove it.
-Section "Start ${PRODUCT} when I log on to Windows" SecStartup
+Section "Start with Windows" SecStartup
   SetShellVarContext current
   CreateDirectory "$SMSTARTUP"
   WriteINIStr "$SMSTARTUP\${STARTUP_LINK}" "InternetShortcut" "URL" "file:///$INSTDIR\${EXE}"
