@@ -10,7 +10,7 @@ packages=(
   # Windows cross builds (x86-64 and i686, posix thread model)
   g++-mingw-w64-x86-64 g++-mingw-w64-i686 binutils-mingw-w64-x86-64 binutils-mingw-w64-i686
   # end-to-end tests of the Windows program under Wine, headless
-  wine wine64 xvfb xdotool x11-utils imagemagick fonts-lohit-taml
+  wine wine64 xvfb xdotool x11-utils imagemagick fonts-lohit-taml xclip
   # independent input methods used as a test oracle for the keymaps
   m17n-db libm17n-dev
   # the LibreOffice document backend and its end-to-end tests (real legacy and Unicode fonts)
