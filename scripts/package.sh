@@ -89,6 +89,7 @@ package_one() {  # ARCH BUILD_DIR
   rm -f "$out/$name-setup.exe"
   makensis -V2 -DVERSION="$version" -DARCH="$arch" -DSTAGE="$stage" -DOUTFILE="$out/$name-setup.exe" \
     "$root/packaging/installer.nsi"
+  rm -rf "$stage"
   local zipdir=$out/zip-$arch/Quilom++-$version
   rm -rf "$out/zip-$arch" "$out/$name-portable.zip"
   mkdir -p "$zipdir"

@@ -20,7 +20,7 @@ quilom_exe=${QUILOM_WIN64_BUILD:-$root/build/windows}/bin/Quilom++.exe
 target_exe=${QUILOM_E2E_TARGET:-$root/build/linux/tests/e2e/e2e_target.exe}
 [ -f "$quilom_exe" ] || { echo "run: $quilom_exe was not built" >&2; exit 1; }
 echo "== packages"
-ls -1 build/packages/*.exe build/packages/*.zip 2>/dev/null | sed 's/^/  /'
+find build/packages -maxdepth 1 -name "Quilom++-*" -printf "  %p\n" 2>/dev/null | sort || true
 
 if [ -n "${DISPLAY:-}" ] && xdpyinfo >/dev/null 2>&1; then
   export WINEPREFIX=$root/build/run-prefix WINEARCH=win64 WINEDEBUG=-all

@@ -59,6 +59,7 @@ uninstall() {  # [switches]
 }
 
 type_with_installed_program() {
+  # shellcheck disable=SC2034  # lib.sh keeps the programs it started here
   PIDS=()
   rm -f "$WORK/stop" "$WORK/text.txt" "$WORK/target.ready"
   start_target
