@@ -152,11 +152,11 @@ case $name in
       local wid
       wid=$(open_window url 'URL Normalizer')
       xdotool getwindowgeometry "$wid" | sed -n 's/.*Geometry: \([0-9]*\)x.*/\1/p'
+      shot "dpi$1"
       close_window >/dev/null
     }
     narrow=$(width_at 96)
     wide=$(width_at 144)
-    shot dpi144
     wine reg add 'HKCU\Control Panel\Desktop' /v LogPixels /t REG_DWORD /d 96 /f >/dev/null 2>&1
     [ $((wide * 10)) -ge $((narrow * 14)) ] || fail "at 144 DPI the window is $wide wide, at 96 DPI $narrow"
     echo "width at 96 DPI: $narrow, at 144 DPI: $wide"
