@@ -87,12 +87,12 @@ TEST_F(ConvertClickTest, WordCheckMessagesDependOnTheBindingAndComeBeforeAnyQues
     int documents;  // -1: no Word at all
     std::u16string_view message;
   };
-  for (const Row& row : {Row{WordBinding::LateBound, -1, kAttachFailed}, Row{WordBinding::LateBound, 0, kNoDocumentOpen},
-                         Row{WordBinding::EarlyBound, -1, kEarlyBoundNoWord},
-                         Row{WordBinding::EarlyBound, 0, kEarlyBoundNoWord}}) {
+  for (const Row& row :
+       {Row{WordBinding::LateBound, -1, kAttachFailed}, Row{WordBinding::LateBound, 0, kNoDocumentOpen},
+        Row{WordBinding::EarlyBound, -1, kEarlyBoundNoWord}, Row{WordBinding::EarlyBound, 0, kEarlyBoundNoWord}}) {
     binding = row.binding;
-    const ClickOutcome outcome = Click(Window(1, 0), row.documents < 0 ? nullptr : WordWithDocuments(row.documents),
-                                       {PromptAnswer::Yes});
+    const ClickOutcome outcome =
+        Click(Window(1, 0), row.documents < 0 ? nullptr : WordWithDocuments(row.documents), {PromptAnswer::Yes});
     EXPECT_EQ(outcome.stopMessage, row.message);
     EXPECT_THAT(prompter.shown, ::testing::ElementsAre(std::u16string(row.message)));
     EXPECT_FALSE(outcome.run.has_value());
@@ -126,8 +126,9 @@ TEST_F(ConvertClickTest, TheSelectionChecksFollowTheBackupQuestionInOrder) {
   const std::vector<Row> rows{
       {Window(2, 2), std::u16string(kSameEncoding)},
       {noFonts, std::u16string(kNoSuitableFont)},
-      {Window(1, 2), u"First, convert your text in 'Bamini' font(s) to Unicode. Then, convert the resultant "
-                     u"Unicode text to 'Tscii' font."},
+      {Window(1, 2),
+       u"First, convert your text in 'Bamini' font(s) to Unicode. Then, convert the resultant "
+       u"Unicode text to 'Tscii' font."},
   };
   for (const Row& row : rows) {
     auto word = WordWithDocuments(3);
@@ -180,9 +181,9 @@ TEST_F(ConvertClickTest, PlainTextReadsTheScopeOnceAndWritesItBackInTheTargetFon
   ASSERT_TRUE(outcome.run.has_value());
   EXPECT_EQ(outcome.run->status, RunStatus::Completed);
   EXPECT_TRUE(word->LinesStartingWith("call ActiveDocument.Content.Find").empty());
-  EXPECT_THAT(word->LinesStartingWith("put ActiveDocument.Content."),
-              ::testing::ElementsAre("put ActiveDocument.Content.Text=ab a",
-                                     "put ActiveDocument.Content.Font.Name=Bamini"));
+  EXPECT_THAT(
+      word->LinesStartingWith("put ActiveDocument.Content."),
+      ::testing::ElementsAre("put ActiveDocument.Content.Text=ab a", "put ActiveDocument.Content.Font.Name=Bamini"));
 }
 
 TEST_F(ConvertClickTest, PlainTextThatCannotBeReadLeavesTheDocumentAlone) {
@@ -248,11 +249,11 @@ TEST(PlainTextClick, AsksOnlyWhenCheckedAndSavesUnlessIgnored) {
     bool save;
     bool asked;
   };
-  for (const Row& row : {Row{false, true, PromptAnswer::Yes, true, true, true},
-                         Row{false, true, PromptAnswer::No, false, true, true},
-                         Row{false, true, PromptAnswer::Other, false, true, true},
-                         Row{false, false, PromptAnswer::Yes, false, true, false},
-                         Row{true, true, PromptAnswer::No, true, false, false}}) {
+  for (const Row& row :
+       {Row{false, true, PromptAnswer::Yes, true, true, true}, Row{false, true, PromptAnswer::No, false, true, true},
+        Row{false, true, PromptAnswer::Other, false, true, true},
+        Row{false, false, PromptAnswer::Yes, false, true, false},
+        Row{true, true, PromptAnswer::No, true, false, false}}) {
     ScriptedPrompter prompter({row.answer});
     const PlainTextClick result = OnPlainTextClick(row.ignore, row.checkedNow, prompter);
     EXPECT_EQ(result.checked, row.checked);

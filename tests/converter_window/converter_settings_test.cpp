@@ -22,8 +22,8 @@ class ConverterSettingsTest : public ::testing::Test {
 };
 
 TEST_F(ConverterSettingsTest, TheShippedFileRestoresEveryControl) {
-  const settings::ToolSettings file(
-      quilom::testing::SourceDataRoot() / "Tamil Fonts Converter", u"TFC - LdS", u"TFC - WrS");
+  const settings::ToolSettings file(quilom::testing::SourceDataRoot() / "Tamil Fonts Converter", u"TFC - LdS",
+                                    u"TFC - WrS");
   ConverterChoices choices;
   choices.normalQuotes = false;
   LoadConverterSettings(file, choices);
@@ -65,7 +65,8 @@ TEST_F(ConverterSettingsTest, AMissingFileOrKeyLeavesTheDefaults) {
 }
 
 TEST_F(ConverterSettingsTest, SavesRewriteOnlyTheValueLineOfTheirKey) {
-  const auto file = File(u"`````Plain Text\r\n7\r\n`````Plain Text\r\n0\r\n`````Quotes Format\r\n1\r\n`````To Index\r\n4");
+  const auto file =
+      File(u"`````Plain Text\r\n7\r\n`````Plain Text\r\n0\r\n`````Quotes Format\r\n1\r\n`````To Index\r\n4");
   ConverterChoices choices;
   choices.plainText = true;
   choices.normalQuotes = false;

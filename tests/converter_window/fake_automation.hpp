@@ -19,7 +19,7 @@ class FakeAutomation final : public AutomationObject, public std::enable_shared_
  public:
   struct Shared {
     std::vector<std::string> log;
-    std::set<std::string> failing;  // full paths: "ActiveWindow.Selection.Find.Execute"
+    std::set<std::string> failing;        // full paths: "ActiveWindow.Selection.Find.Execute"
     std::map<std::string, int> failFrom;  // full path -> the 1-based call from which it fails
     std::map<std::string, int> calls;     // full path -> calls so far
   };
@@ -29,8 +29,7 @@ class FakeAutomation final : public AutomationObject, public std::enable_shared_
 
   bool Get(std::u16string_view member, AutomationValue& result) override;
   bool Put(std::u16string_view member, const AutomationValue& value) override;
-  bool Call(std::u16string_view member, const std::vector<NamedArgument>& arguments,
-            AutomationValue& result) override;
+  bool Call(std::u16string_view member, const std::vector<NamedArgument>& arguments, AutomationValue& result) override;
   ErrorDetails LastError() const override { return lastError_; }
 
   // The object at a dotted path below this one, made when missing.

@@ -1,9 +1,9 @@
 #include "converter/window/word_editor.hpp"
 
-#include <algorithm>
-
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include <algorithm>
 
 #include "converter/conversion_run.hpp"
 #include "fake_automation.hpp"
@@ -14,9 +14,9 @@ namespace quilom::converter::window {
 namespace {
 
 using ::testing::ElementsAre;
+using testing::FakeAutomation;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
-using testing::FakeAutomation;
 
 const std::string kAllOptions =
     "MatchCase=True,MatchWholeWord=False,MatchWildcards=False,MatchSoundsLike=False,MatchAllWordForms=False,"
@@ -125,8 +125,8 @@ TEST(WordDocumentEditor, ScreenUpdatingAndUndoClearReachTheirObjects) {
   WordDocumentEditor editor(word);
   editor.SetScreenUpdating(false);
   editor.ClearUndo();
-  EXPECT_THAT(word->Log(), ElementsAre("put ScreenUpdating=False", "get ActiveDocument",
-                                       "call ActiveDocument.UndoClear()"));
+  EXPECT_THAT(word->Log(),
+              ElementsAre("put ScreenUpdating=False", "get ActiveDocument", "call ActiveDocument.UndoClear()"));
 }
 
 TEST(WordDocumentEditor, ARunStoppedByWordReportsThePairItReached) {

@@ -187,7 +187,8 @@ HWND ShowConverterWindow(HINSTANCE instance, HWND owner, const ConverterWindowOp
   try {
     auto window = std::make_unique<ConverterWindow>(instance, options);
     if (!window->Create(owner)) {
-      ReportError(u"App Load", {static_cast<long>(GetLastError()), u"Quilom++", u"the converter window could not be made"});
+      ReportError(u"App Load",
+                  {static_cast<long>(GetLastError()), u"Quilom++", u"the converter window could not be made"});
       return nullptr;
     }
     ConverterWindow* self = window.release();  // the window deletes it at WM_NCDESTROY

@@ -8,8 +8,7 @@ namespace quilom::converter::win32 {
 namespace {
 
 std::int64_t NowSeconds() {
-  return std::chrono::duration_cast<std::chrono::seconds>(std::chrono::steady_clock::now().time_since_epoch())
-      .count();
+  return std::chrono::duration_cast<std::chrono::seconds>(std::chrono::steady_clock::now().time_since_epoch()).count();
 }
 
 // The window takes no clicks while a conversion talks to Word; the progress label still
@@ -79,8 +78,11 @@ void ConverterWindow::OnConvertQuotes() {
   const std::vector<std::u16string> toQuotes = ListRows(kCmbToQuote);
   const int from = Selected(kCmbFromQuote);
   const int to = Selected(kCmbToQuote);
-  const std::u16string fromQuote = from >= 0 && static_cast<std::size_t>(from) < fromQuotes.size() ? fromQuotes[static_cast<std::size_t>(from)] : u"";
-  const std::u16string toQuote = to >= 0 && static_cast<std::size_t>(to) < toQuotes.size() ? toQuotes[static_cast<std::size_t>(to)] : u"";
+  const std::u16string fromQuote = from >= 0 && static_cast<std::size_t>(from) < fromQuotes.size()
+                                       ? fromQuotes[static_cast<std::size_t>(from)]
+                                       : u"";
+  const std::u16string toQuote =
+      to >= 0 && static_cast<std::size_t>(to) < toQuotes.size() ? toQuotes[static_cast<std::size_t>(to)] : u"";
   const window::ClickServices services = Services();
   BusyWindow busy(window_);
   window::ConvertQuotesClick(snapshot, fromQuote, toQuotes, toQuote, services);
@@ -127,8 +129,6 @@ void ConverterWindow::OnListClick(int id) {
 }
 
 // The two legacy quote lists hold the same characters: choosing in one chooses in both.
-void ConverterWindow::OnQuoteChoice(int id) {
-  Select(id == kCmbToQuote ? kCmbToQuoteEng : kCmbToQuote, Selected(id));
-}
+void ConverterWindow::OnQuoteChoice(int id) { Select(id == kCmbToQuote ? kCmbToQuoteEng : kCmbToQuote, Selected(id)); }
 
 }  // namespace quilom::converter::win32

@@ -1,5 +1,5 @@
-#include <windows.h>
 #include <commctrl.h>
+#include <windows.h>
 
 #include <iterator>
 #include <string>
@@ -73,17 +73,17 @@ void ConverterWindow::CreateControls() {
   arialFont_.Reset(MakeFont(L"Arial", 20));
   for (const ControlPlan& plan : kPlan) {
     HWND control = CreateWindowExW(plan.id == kLblPerc ? WS_EX_STATICEDGE : 0, plan.windowClass, plan.caption,
-                                   WS_CHILD | WS_VISIBLE | plan.style, Scale(plan.x), Scale(plan.y),
-                                   Scale(plan.width), Scale(plan.height), window_,
-                                   reinterpret_cast<HMENU>(static_cast<INT_PTR>(plan.id)), instance_, nullptr);
+                                   WS_CHILD | WS_VISIBLE | plan.style, Scale(plan.x), Scale(plan.y), Scale(plan.width),
+                                   Scale(plan.height), window_, reinterpret_cast<HMENU>(static_cast<INT_PTR>(plan.id)),
+                                   instance_, nullptr);
     SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(uiFont_.Get()), FALSE);
   }
   for (int id : {kCmbFromQuote, kCmbToQuote, kCmbToQuoteEng}) {
     SendMessageW(Control(id), WM_SETFONT, reinterpret_cast<WPARAM>(arialFont_.Get()), FALSE);
   }
-  tooltip_ = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX,
-                             CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, window_, nullptr, instance_,
-                             nullptr);
+  tooltip_ =
+      CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, CW_USEDEFAULT,
+                      CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, window_, nullptr, instance_, nullptr);
   // The quote lists' tips are long sentences: let them wrap.
   SendMessageW(tooltip_, TTM_SETMAXTIPWIDTH, 0, Scale(420));
   SetFocus(Control(kLbxFrom));

@@ -1,5 +1,5 @@
-#include <windows.h>
 #include <commctrl.h>
+#include <windows.h>
 
 #include <string>
 
@@ -107,7 +107,8 @@ std::u16string ConverterWindow::LegacyFontName() const {
   if (selected == 1 && legacy >= 0 && static_cast<std::size_t>(legacy) < lists_.defaultFonts.size()) {
     return lists_.defaultFonts[static_cast<std::size_t>(legacy)];
   }
-  if (selected >= 2 && static_cast<std::size_t>(selected) < rows.size()) return rows[static_cast<std::size_t>(selected)];
+  if (selected >= 2 && static_cast<std::size_t>(selected) < rows.size())
+    return rows[static_cast<std::size_t>(selected)];
   return rows.size() >= 3 ? rows[2] : std::u16string();
 }
 

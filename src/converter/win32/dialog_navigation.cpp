@@ -14,8 +14,7 @@ std::vector<HWND> navigable;
 // loop's own dispatch does nothing more with it.
 LRESULT CALLBACK OnQueuedMessage(int code, WPARAM removed, LPARAM lParam) {
   auto* message = reinterpret_cast<MSG*>(lParam);
-  if (code == HC_ACTION && removed == PM_REMOVE && message->message >= WM_KEYFIRST &&
-      message->message <= WM_KEYLAST) {
+  if (code == HC_ACTION && removed == PM_REMOVE && message->message >= WM_KEYFIRST && message->message <= WM_KEYLAST) {
     for (HWND window : navigable) {
       if ((message->hwnd == window || IsChild(window, message->hwnd)) && IsDialogMessageW(window, message)) {
         message->message = WM_NULL;

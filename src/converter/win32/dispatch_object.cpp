@@ -83,8 +83,8 @@ bool DispatchObject::Failed(HRESULT hr, std::u16string_view member, const EXCEPI
   return false;
 }
 
-bool DispatchObject::Invoke(std::u16string_view member, WORD flags,
-                            const std::vector<window::NamedArgument>& arguments, window::AutomationValue* result) {
+bool DispatchObject::Invoke(std::u16string_view member, WORD flags, const std::vector<window::NamedArgument>& arguments,
+                            window::AutomationValue* result) {
   // GetIDsOfNames takes the member's name first, then the names of its named arguments. A
   // property put has one unnamed value, which Invoke knows by DISPID_PROPERTYPUT instead.
   const bool put = flags == DISPATCH_PROPERTYPUT;
@@ -113,8 +113,8 @@ bool DispatchObject::Invoke(std::u16string_view member, WORD flags,
   VariantInit(&returned);
   EXCEPINFO exception{};
   UINT badArgument = 0;
-  hr = dispatch_->Invoke(ids[0], IID_NULL, LOCALE_USER_DEFAULT, flags, &parameters,
-                         put ? nullptr : &returned, &exception, &badArgument);
+  hr = dispatch_->Invoke(ids[0], IID_NULL, LOCALE_USER_DEFAULT, flags, &parameters, put ? nullptr : &returned,
+                         &exception, &badArgument);
   for (VARIANT& value : values) VariantClear(&value);
   const bool ok = SUCCEEDED(hr) || Failed(hr, member, &exception);
   SysFreeString(exception.bstrSource);

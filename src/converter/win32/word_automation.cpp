@@ -1,7 +1,7 @@
 #include "converter/win32/word_automation.hpp"
 
-#include <windows.h>
 #include <oleauto.h>
+#include <windows.h>
 
 #include <memory>
 

@@ -20,8 +20,7 @@ AutomationRef GetObject(AutomationObject& object, std::u16string_view member, Er
   return nullptr;
 }
 
-AutomationRef GetPath(AutomationObject& root, const std::vector<std::u16string_view>& members,
-                      ErrorDetails& error) {
+AutomationRef GetPath(AutomationObject& root, const std::vector<std::u16string_view>& members, ErrorDetails& error) {
   AutomationObject* current = &root;
   AutomationRef held;
   for (std::u16string_view member : members) {

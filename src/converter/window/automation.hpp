@@ -48,8 +48,7 @@ AutomationRef GetObject(AutomationObject& object, std::u16string_view member, Er
 
 // Follows a path of object properties ("ActiveWindow", "Selection"), null at the first
 // failure, with `error` set.
-AutomationRef GetPath(AutomationObject& root, const std::vector<std::u16string_view>& members,
-                      ErrorDetails& error);
+AutomationRef GetPath(AutomationObject& root, const std::vector<std::u16string_view>& members, ErrorDetails& error);
 
 // The value as an integer: int32 as is, bool as -1 / 0, decimal text parsed; nothing else.
 bool ToInteger(const AutomationValue& value, std::int32_t& result);

@@ -14,7 +14,7 @@ namespace {
 
 std::u16string TextAt(const std::vector<std::u16string>& rows, int position) {
   return position >= 0 && static_cast<std::size_t>(position) < rows.size() ? rows[static_cast<std::size_t>(position)]
-                                                                             : std::u16string();
+                                                                           : std::u16string();
 }
 
 ClickOutcome Stop(const ClickServices& services, std::u16string message) {
@@ -31,8 +31,7 @@ RunOutcome RunOverWordOnce(const ConversionRequest& request, const AutomationRef
   WordPlainTextEditor editor(application);
   RunOutcome outcome = RunConversion(request, editor, *services.prompter, services.progress, services.clock);
   if (outcome.status == RunStatus::Completed && !editor.Commit()) {
-    ReportError(request.direction == ConversionDirection::LegacyToUnicode ? kLegacyToUnicodeTag
-                                                                          : kUnicodeToLegacyTag,
+    ReportError(request.direction == ConversionDirection::LegacyToUnicode ? kLegacyToUnicodeTag : kUnicodeToLegacyTag,
                 editor.LastError());
     outcome.status = RunStatus::Failed;
   }
@@ -79,8 +78,9 @@ ClickOutcome ConvertAfterWordCheck(const WindowSnapshot& window, const Automatio
   if (table.empty()) {
     return {};  // LoadTableText has told the user which file is missing
   }
-  return {{}, RunOverWord(BuildRequest(window, decision.direction, std::move(table)), application,
-                          window.plainText, services)};
+  return {
+      {},
+      RunOverWord(BuildRequest(window, decision.direction, std::move(table)), application, window.plainText, services)};
 }
 
 void ReportUnexpected(std::u16string_view tag, const char* what) {
@@ -116,8 +116,7 @@ ClickOutcome ConvertQuotesClick(const WindowSnapshot& window, std::u16string_vie
     if (!decision.stopMessage.empty()) {
       return Stop(services, decision.stopMessage);
     }
-    const ConversionRequest request =
-        BuildRequest(window, ConversionDirection::UnicodeToLegacy, decision.tableText);
+    const ConversionRequest request = BuildRequest(window, ConversionDirection::UnicodeToLegacy, decision.tableText);
     return {{}, RunOverWord(request, application, window.plainText, services)};
   } catch (const std::exception& e) {
     ReportUnexpected(u"CQ1", e.what());

@@ -36,7 +36,7 @@ struct ClickServices {
 };
 
 struct ClickOutcome {
-  std::u16string stopMessage;    // shown to the user when the click stopped before a run
+  std::u16string stopMessage;     // shown to the user when the click stopped before a run
   std::optional<RunOutcome> run;  // set when a conversion ran
 };
 

@@ -41,8 +41,7 @@ void LoadConverterSettings(const settings::ToolSettings& file, ConverterChoices&
 std::u16string SettingValue(std::u16string_view key, const ConverterChoices& choices);
 
 // Rewrites the value line of `key` ("TFC - WrS" on failure). False when not written.
-bool SaveConverterSetting(const settings::ToolSettings& file, std::u16string_view key,
-                          const ConverterChoices& choices);
+bool SaveConverterSetting(const settings::ToolSettings& file, std::u16string_view key, const ConverterChoices& choices);
 
 // Saves the four list positions, in the order From, To, Uni, NonUni.
 void SaveListPositions(const settings::ToolSettings& file, const ConverterChoices& choices);

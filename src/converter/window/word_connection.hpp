@@ -42,7 +42,7 @@ class WordConnector {
 };
 
 struct WordCheck {
-  AutomationRef application;  // set when a document is open and the conversion may go on
+  AutomationRef application;   // set when a document is open and the conversion may go on
   std::u16string stopMessage;  // otherwise what to tell the user
 };
 

@@ -48,10 +48,9 @@ void WordDocumentEditor::SetScope(EditScope scope) { scope_ = scope; }
 
 AutomationRef WordDocumentEditor::ScopeFind() {
   ErrorDetails error;
-  const AutomationRef find =
-      scope_ == EditScope::Selection
-          ? GetPath(*application_, {u"ActiveWindow", u"Selection", u"Find"}, error)
-          : GetPath(*application_, {u"ActiveDocument", u"Content", u"Find"}, error);
+  const AutomationRef find = scope_ == EditScope::Selection
+                                 ? GetPath(*application_, {u"ActiveWindow", u"Selection", u"Find"}, error)
+                                 : GetPath(*application_, {u"ActiveDocument", u"Content", u"Find"}, error);
   if (find == nullptr) {
     Fail(error);
   }

@@ -9,9 +9,9 @@
 //   --log FILE            append every message box text and the stand-in's calls to FILE
 //   --ready-file FILE     written once the window has loaded its lists and settings
 //   --exit-when FILE      close the window when FILE appears
-#include <windows.h>
 #include <commctrl.h>
 #include <shellapi.h>
+#include <windows.h>
 
 #include <fstream>
 #include <memory>
@@ -148,7 +148,9 @@ int Run(HINSTANCE instance) {
   ConverterWindowOptions options;
   options.dataRoot = host.dataRoot;
   if (host.fakeWord) options.connector = std::make_shared<FakeWordConnector>(host);
-  options.messageWitness = [log = host.log](std::u16string_view text) { AppendLine(log, u"message: " + std::u16string(text)); };
+  options.messageWitness = [log = host.log](std::u16string_view text) {
+    AppendLine(log, u"message: " + std::u16string(text));
+  };
   converterWindow = ShowConverterWindow(instance, nullptr, options);
   if (converterWindow == nullptr) return 1;
   exitWhen = host.exitWhen;

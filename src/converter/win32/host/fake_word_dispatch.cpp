@@ -119,8 +119,8 @@ class FakeNode final : public IDispatch {
     VariantInit(result);
     if (name == L"Count" || name == L"Start" || name == L"End") {
       result->vt = VT_I4;
-      result->lVal = name == L"Count" ? state_->documentCount
-                                      : (name == L"Start" ? state_->selectionStart : state_->selectionEnd);
+      result->lVal =
+          name == L"Count" ? state_->documentCount : (name == L"Start" ? state_->selectionStart : state_->selectionEnd);
     } else if (name == L"Text") {
       result->vt = VT_BSTR;
       result->bstrVal = SysAllocStringLen(state_->contentText.data(), static_cast<UINT>(state_->contentText.size()));
