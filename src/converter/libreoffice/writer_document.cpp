@@ -63,6 +63,9 @@ Reference<css::frame::XModel> LoadDocument(const Reference<css::frame::XDesktop2
   }
   const css::beans::PropertyValue options[] = {
       Property(u"Hidden", Any(true)),
+      // The input is never written (copies are stored elsewhere), and a read-only load leaves
+      // no lock file beside it.
+      Property(u"ReadOnly", Any(true)),
       Property(u"MacroExecutionMode", Any(sal_Int16(0))),  // NEVER_EXECUTE
   };
   try {
