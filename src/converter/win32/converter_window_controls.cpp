@@ -1,5 +1,8 @@
-#include <commctrl.h>
+// The other system headers need the types of <windows.h>.
+// clang-format off
 #include <windows.h>
+#include <commctrl.h>
+// clang-format on
 
 #include <iterator>
 #include <string>

@@ -1,7 +1,10 @@
 #pragma once
 
-#include <oaidl.h>
+// The other system headers need the types of <windows.h>.
+// clang-format off
 #include <windows.h>
+#include <oaidl.h>
+// clang-format on
 
 #include "converter/window/automation.hpp"
 

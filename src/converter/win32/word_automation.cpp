@@ -1,7 +1,10 @@
 #include "converter/win32/word_automation.hpp"
 
-#include <oleauto.h>
+// The other system headers need the types of <windows.h>.
+// clang-format off
 #include <windows.h>
+#include <oleauto.h>
+// clang-format on
 
 #include <memory>
 

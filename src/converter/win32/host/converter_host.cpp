@@ -9,9 +9,12 @@
 //   --log FILE            append every message box text and the stand-in's calls to FILE
 //   --ready-file FILE     written once the window has loaded its lists and settings
 //   --exit-when FILE      close the window when FILE appears
+// The other system headers need the types of <windows.h>.
+// clang-format off
+#include <windows.h>
 #include <commctrl.h>
 #include <shellapi.h>
-#include <windows.h>
+// clang-format on
 
 #include <fstream>
 #include <memory>
