@@ -2,7 +2,10 @@
 
 #include <richedit.h>
 
+#include <algorithm>
+#include <cstdint>
 #include <cstring>
+#include <string>
 #include <vector>
 
 namespace quilom::tools::win32 {
@@ -28,15 +31,6 @@ bool FaceInstalled(std::wstring_view face) {
 std::wstring Wide(std::u16string_view text) { return std::wstring(text.begin(), text.end()); }
 
 bool IsTamil(char16_t ch) { return ch >= 0x0B80 && ch <= 0x0BFF; }
-
-void SetFace(HWND box, WPARAM scope, std::wstring_view face) {
-  CHARFORMAT2W format{};
-  format.cbSize = sizeof(format);
-  format.dwMask = CFM_FACE | CFM_CHARSET;
-  format.bCharSet = DEFAULT_CHARSET;
-  face.copy(format.szFaceName, LF_FACESIZE - 1);
-  SendMessageW(box, EM_SETCHARFORMAT, scope, reinterpret_cast<LPARAM>(&format));
-}
 
 }  // namespace
 
@@ -133,32 +127,86 @@ std::wstring TamilCapableFace() {
   return std::wstring(faces[0]);
 }
 
-void ApplyScriptFonts(HWND box, std::wstring_view latinFace, std::wstring_view tamilFace) {
-  const std::u16string text = BoxText(box);
+namespace {
+
+void AppendFaceName(std::string& rtf, std::wstring_view face) {
+  for (const wchar_t ch : face) {
+    if (ch < 128) {
+      rtf += static_cast<char>(ch);
+    } else {
+      rtf += "\\u" + std::to_string(static_cast<int16_t>(ch)) + "?";
+    }
+  }
+}
+
+// The text as RTF with two fonts: f0 for everything, f1 for runs of Tamil letters. One stream
+// replaces the text in a single step; formatting run by run is far slower on long texts.
+std::string ScriptFontsRtf(std::u16string_view text, std::wstring_view latinFace, std::wstring_view tamilFace,
+                           int pointSize) {
+  std::string rtf = "{\\rtf1\\ansi\\deff0{\\fonttbl{\\f0\\fnil ";
+  AppendFaceName(rtf, latinFace);
+  rtf += ";}{\\f1\\fnil ";
+  AppendFaceName(rtf, tamilFace);
+  rtf += ";}}\\f0\\fs" + std::to_string(pointSize * 2) + " ";
+  rtf.reserve(rtf.size() + text.size() * 4);
+  bool inTamil = false;
+  for (size_t i = 0; i < text.size(); ++i) {
+    const char16_t ch = text[i];
+    if (IsTamil(ch) != inTamil) {
+      inTamil = !inTamil;
+      rtf += inTamil ? "\\f1 " : "\\f0 ";
+    }
+    if (ch == u'\r') {
+      if (i + 1 < text.size() && text[i + 1] == u'\n') ++i;
+      rtf += "\\par\n";
+    } else if (ch == u'\n') {
+      rtf += "\\par\n";
+    } else if (ch == u'\\' || ch == u'{' || ch == u'}') {
+      rtf += '\\';
+      rtf += static_cast<char>(ch);
+    } else if (ch == u'\t') {
+      rtf += "\\tab ";
+    } else if (ch < 128) {
+      rtf += static_cast<char>(ch);
+    } else {
+      rtf += "\\u" + std::to_string(static_cast<int16_t>(ch)) + "?";
+    }
+  }
+  rtf += "}";
+  return rtf;
+}
+
+struct StreamSource {
+  const std::string* bytes;
+  size_t offset;
+};
+
+DWORD CALLBACK ReadStream(DWORD_PTR cookie, LPBYTE buffer, LONG wanted, LONG* given) {
+  auto* source = reinterpret_cast<StreamSource*>(cookie);
+  const size_t count = std::min<size_t>(static_cast<size_t>(wanted), source->bytes->size() - source->offset);
+  std::memcpy(buffer, source->bytes->data() + source->offset, count);
+  source->offset += count;
+  *given = static_cast<LONG>(count);
+  return 0;
+}
+
+}  // namespace
+
+void ApplyScriptFonts(HWND box, std::wstring_view latinFace, std::wstring_view tamilFace, int pointSize) {
+  ShowTextInScriptFonts(box, BoxText(box), latinFace, tamilFace, pointSize);
+}
+
+void ShowTextInScriptFonts(HWND box, std::u16string_view text, std::wstring_view latinFace,
+                           std::wstring_view tamilFace, int pointSize) {
   CHARRANGE kept{};
   SendMessageW(box, EM_EXGETSEL, 0, reinterpret_cast<LPARAM>(&kept));
-  const POINT scroll = [box] {
-    POINT position{};
-    SendMessageW(box, EM_GETSCROLLPOS, 0, reinterpret_cast<LPARAM>(&position));
-    return position;
-  }();
+  POINT scroll{};
+  SendMessageW(box, EM_GETSCROLLPOS, 0, reinterpret_cast<LPARAM>(&scroll));
+  const std::string rtf = ScriptFontsRtf(text, latinFace, tamilFace, pointSize);
+  StreamSource source{&rtf, 0};
+  EDITSTREAM stream{reinterpret_cast<DWORD_PTR>(&source), 0, ReadStream};
   SendMessageW(box, WM_SETREDRAW, FALSE, 0);
-  SetFace(box, SCF_ALL, latinFace);
-  // The box counts a line break as one character, the text read back as two.
-  LONG position = 0;
-  for (size_t i = 0; i < text.size();) {
-    if (!IsTamil(text[i])) {
-      const bool lineBreak = text[i] == u'\r' && i + 1 < text.size() && text[i + 1] == u'\n';
-      i += lineBreak ? 2 : 1;
-      ++position;
-      continue;
-    }
-    const LONG start = position;
-    for (; i < text.size() && IsTamil(text[i]); ++i) ++position;
-    CHARRANGE run{start, position};
-    SendMessageW(box, EM_EXSETSEL, 0, reinterpret_cast<LPARAM>(&run));
-    SetFace(box, SCF_SELECTION, tamilFace);
-  }
+  SendMessageW(box, EM_STREAMIN, SF_RTF, reinterpret_cast<LPARAM>(&stream));
   SendMessageW(box, EM_EXSETSEL, 0, reinterpret_cast<LPARAM>(&kept));
   SendMessageW(box, EM_SETSCROLLPOS, 0, reinterpret_cast<LPARAM>(&scroll));
   SendMessageW(box, WM_SETREDRAW, TRUE, 0);

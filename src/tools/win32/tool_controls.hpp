@@ -29,8 +29,12 @@ std::wstring TamilCapableFace();
 bool DrawsTamilAndLatin(std::wstring_view face);
 
 // For a rich-text box whose Tamil font lacks Latin letters: everything in `latinFace`, the runs
-// of Tamil letters in `tamilFace`. Keeps the selection.
-void ApplyScriptFonts(HWND box, std::wstring_view latinFace, std::wstring_view tamilFace);
+// of Tamil letters in `tamilFace`, all at `pointSize`. Keeps the text, the selection and the
+// scroll position; the box's undo history starts afresh.
+void ApplyScriptFonts(HWND box, std::wstring_view latinFace, std::wstring_view tamilFace, int pointSize);
+// The same with a new text: the box lays the text out once.
+void ShowTextInScriptFonts(HWND box, std::u16string_view text, std::wstring_view latinFace,
+                           std::wstring_view tamilFace, int pointSize);
 
 // The executable's folder.
 std::wstring ProgramFolder();

@@ -15,6 +15,7 @@ namespace {
 
 constexpr wchar_t kClassName[] = L"QuilomToolWindow";
 constexpr UINT_PTR kTabLeavesBoxSubclass = 1;
+constexpr int kTextPointSize = 11;
 
 std::vector<ToolWindow*>& OpenWindows() {
   static std::vector<ToolWindow*> windows;
@@ -38,7 +39,7 @@ HFONT MessageFont() {
 }
 
 HFONT TextFont(int dpi, const std::wstring& face) {
-  return CreateFontW(-MulDiv(11, dpi, 72), 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE, DEFAULT_CHARSET,
+  return CreateFontW(-MulDiv(kTextPointSize, dpi, 72), 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE, DEFAULT_CHARSET,
                      OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS, CLEARTYPE_QUALITY, DEFAULT_PITCH, face.c_str());
 }
 
@@ -65,9 +66,9 @@ std::wstring LatinFace(HFONT uiFont) {
   return L"Tahoma";
 }
 
-// Texts longer than this are not re-coloured by script on every keystroke, only when the
-// window itself sets them.
-constexpr size_t kFormatWhileTypingLimit = 20000;
+// Fonts by script cost a full re-layout of the box, which grows too slow past this length on
+// the systems that need it; longer texts stay in the one Tamil font.
+constexpr int kScriptFontsLimit = 20000;
 
 const wchar_t* RichEditClass() {
   static const wchar_t* name = [] {
@@ -205,14 +206,17 @@ void ToolWindow::SetCaption(int id, std::u16string_view text) const {
 void ToolWindow::ShowText(int id, std::u16string_view text) {
   HWND box = Item(id);
   formatting_ = true;
-  SetBoxText(box, text);
+  if (mixFonts_ && text.size() < static_cast<size_t>(kScriptFontsLimit)) {
+    ShowTextInScriptFonts(box, text, latinFace_, tamilFace_, kTextPointSize);
+  } else {
+    SetBoxText(box, text);
+  }
   formatting_ = false;
-  if (mixFonts_) FormatScripts(box);
 }
 
 void ToolWindow::FormatScripts(HWND box) {
   formatting_ = true;
-  ApplyScriptFonts(box, latinFace_, tamilFace_);
+  ApplyScriptFonts(box, latinFace_, tamilFace_, kTextPointSize);
   formatting_ = false;
 }
 
@@ -277,7 +281,7 @@ LRESULT ToolWindow::Dispatch(UINT message, WPARAM wParam, LPARAM lParam) {
       if (HIWORD(wParam) == EN_CHANGE && lParam != 0) {
         HWND box = reinterpret_cast<HWND>(lParam);
         if (formatting_) return 0;
-        if (mixFonts_ && GetWindowTextLengthW(box) < static_cast<int>(kFormatWhileTypingLimit)) FormatScripts(box);
+        if (mixFonts_ && GetWindowTextLengthW(box) < kScriptFontsLimit) FormatScripts(box);
         // Boxes that asked for change notices get them; the others only wanted the fonts kept.
         if (std::find(notifying_.begin(), notifying_.end(), box) == notifying_.end()) return 0;
       }
