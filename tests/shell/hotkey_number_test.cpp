@@ -36,50 +36,44 @@ struct Wiring {
   }
 };
 
-TEST(HotkeyNumber, EachDigitExtendsTheNumberAndSelectsAtOnce) {
-  Wiring w;
-  w.Keys({0x7B, '1', '2'});
-  ASSERT_EQ(w.outcomes.size(), 2u);
-  EXPECT_EQ(w.outcomes[0].keymapIndex, 1);
-  EXPECT_EQ(w.outcomes[1].keymapIndex, 12);
-  EXPECT_TRUE(w.engine.log.empty());  // digits after a hotkey never reach the engine
-}
+// Keys go through ProcessHookedKey; 0x7B (F12) and 0xA4 (left Alt) are the hotkey keys.
+struct SequenceRow {
+  const char* name;
+  std::vector<int> keys;
+  int keymapCount;
+  std::vector<int> selected;  // keymap indexes chosen, in order
+};
 
-TEST(HotkeyNumber, NewHotkeyPressStartsANewNumber) {
-  Wiring w;
-  w.Keys({0x7B, '1', 0xA4, '2'});
-  ASSERT_EQ(w.outcomes.size(), 2u);
-  EXPECT_EQ(w.outcomes[1].keymapIndex, 2);
-  EXPECT_EQ(w.selector.PendingNumber(), u"2");
-}
-
-TEST(HotkeyNumber, NumbersBeyondTheKeymapCountAreIgnored) {
-  Wiring w;
-  w.keymapCount = 11;
-  w.Keys({0x7B, '1', '2'});
-  ASSERT_EQ(w.outcomes.size(), 1u);
-  EXPECT_EQ(w.outcomes[0].keymapIndex, 1);
-  w.outcomes.clear();
-  w.keymapCount = 0;
-  w.Keys({0x7B, '3'});
-  EXPECT_TRUE(w.outcomes.empty());
-}
-
-TEST(HotkeyNumber, NumericPadDigitsCountLikeTopRowDigits) {
-  Wiring w;
-  w.Keys({0x7B, 0x61, 0x65});
-  ASSERT_EQ(w.outcomes.size(), 2u);
-  EXPECT_EQ(w.outcomes[1].keymapIndex, 15);
+TEST(HotkeyNumber, DigitSequencesSelectKeymaps) {
+  const SequenceRow rows[] = {
+      {"each digit selects at once", {0x7B, '1', '2'}, 20, {1, 12}},
+      {"a new hotkey press starts a new number", {0x7B, '1', 0xA4, '2'}, 20, {1, 2}},
+      {"numbers past the count are ignored", {0x7B, '1', '2'}, 11, {1}},
+      {"no keymaps, nothing selected", {0x7B, '3'}, 0, {}},
+      {"numeric pad digits count too", {0x7B, 0x61, 0x65}, 20, {1, 15}},
+      {"zero after a digit is part of the number", {0x7B, '1', '0'}, 20, {1, 10}},
+      {"a letter ends the sequence", {0x7B, 'A', '2'}, 20, {}},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.name);
+    Wiring w;
+    w.keymapCount = row.keymapCount;
+    for (int key : row.keys) w.processor.ProcessHookedKey(0, key);
+    std::vector<int> selected;
+    for (const auto& outcome : w.outcomes) {
+      EXPECT_EQ(outcome.kind, Kind::SelectIndex);
+      selected.push_back(outcome.keymapIndex);
+    }
+    EXPECT_EQ(selected, row.selected);
+  }
 }
 
 TEST(HotkeyNumber, SmallNumbersGoThroughTheNineEntryTable) {
   Wiring w;
   w.selector.SetTable({9, 8, 7, 6, 5, 4, 3, 2, 1});
-  w.Keys({0x7B, '2'});
-  ASSERT_EQ(w.outcomes.size(), 1u);
-  EXPECT_EQ(w.outcomes[0].keymapIndex, 8);
-  w.Keys({'0'});  // "20" is past the table: the index itself
+  w.Keys({0x7B, '2', '0'});  // "2" through the table, "20" past it: the index itself
   ASSERT_EQ(w.outcomes.size(), 2u);
+  EXPECT_EQ(w.outcomes[0].keymapIndex, 8);
   EXPECT_EQ(w.outcomes[1].keymapIndex, 20);
 }
 
@@ -96,28 +90,11 @@ TEST(HotkeyNumber, LeadingZeroAppliesTheFloaterKeymapOnlyWhileTypingIsOn) {
   EXPECT_TRUE(w.outcomes.empty());
 }
 
-TEST(HotkeyNumber, ZeroAfterADigitIsPartOfTheNumber) {
-  Wiring w;
-  w.Keys({0x7B, '1', '0'});
-  ASSERT_EQ(w.outcomes.size(), 2u);
-  EXPECT_EQ(w.outcomes[1].kind, Kind::SelectIndex);
-  EXPECT_EQ(w.outcomes[1].keymapIndex, 10);
-}
-
-TEST(HotkeyNumber, ShiftedDigitAndLettersSelectNothing) {
+TEST(HotkeyNumber, ShiftedDigitSelectsNothing) {
   Wiring w;
   w.processor.ProcessHookedKey(0, 0x7B);
   w.processor.ProcessHookedKey(1, '3');
   EXPECT_TRUE(w.outcomes.empty());
-  HookKeyState keys;
-  EXPECT_EQ(w.selector.OnDigit(keys, 'A', 20, true).kind, Kind::Nothing);
-}
-
-TEST(HotkeyNumber, VeryLongNumbersStopGrowing) {
-  HotkeyNumberSelector selector;
-  HookKeyState keys;
-  for (int i = 0; i < 20; ++i) selector.OnDigit(keys, '9', 1000000, true);
-  EXPECT_LE(selector.PendingNumber().size(), 6u);
 }
 
 }  // namespace

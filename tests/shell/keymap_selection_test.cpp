@@ -130,11 +130,6 @@ TEST(KeymapSelection, ReturnFocusAndGridRowFollowTheRequest) {
   EXPECT_FALSE(plain.showRowInGrid);
 }
 
-TEST(TypingToggle, FocusedModeOnlyShowsItsMessage) {
-  EXPECT_EQ(DecideToggle(kFocusedOnOneApplication), ToggleVerdict::ShowFocusedModeMessage);
-  EXPECT_EQ(DecideToggle(kTypingInAllApplications), ToggleVerdict::SelectFloaterKeymap);
-}
-
 TEST(TypingToggle, CaptionFollowsTheHookThroughAToggleCycle) {
   KeymapSelector selector;
   for (int round = 0; round < 3; ++round) {

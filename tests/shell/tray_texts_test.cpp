@@ -23,14 +23,6 @@ TEST(TrayTexts, BalloonsCarryTheirFixedWordsAndTheKeymap) {
   EXPECT_EQ(tray.text, u"You can view its starting screen again, any time, by just clicking it's tray icon");
 }
 
-TEST(TrayTexts, IdleTooltipListsTheThreeClicks) {
-  const auto lines = text::Split(IdleTooltip(), u"\n");
-  ASSERT_EQ(lines.size(), 3u);
-  EXPECT_EQ(lines[0], u"Left click - Hide/Show screen");
-  EXPECT_EQ(lines[1], u"Right click - Menu");
-  EXPECT_EQ(lines[2], u"Middle click - Start/Stop global typing");
-}
-
 TEST(TrayTexts, TypingTooltipNamesTheHookingState) {
   EXPECT_EQ(TypingTooltip(HookedWindowKind::Global, u"", u"Alt+F12", u"Tamil-Unicode-PhoneticTransliteration"),
             u"Hooked Window: All windows hooked, Globally\nHotkey: Alt+F12\nLFK: Tamil-Unicode-PhoneticTransliteration");
