@@ -38,14 +38,15 @@ display=:$(head -1 "$session/display.txt")
 export DISPLAY=$display WINEPREFIX=$prefix WINEARCH=win64 WINEDEBUG=-all
 export WINEDLLOVERRIDES="mscoree,mshtml,winemenubuilder.exe=d"
 if [ ! -f "$prefix/system.reg" ]; then
-  wineboot -i >/dev/null 2>&1
+  wineboot -i >/dev/null 2>&1 </dev/null
 fi
 # A virtual desktop: windows close at once (no 2 s wait for a window manager).
 wine reg add 'HKCU\Software\Wine\Explorer' /v Desktop /d Default /f >/dev/null 2>&1
 wine reg add 'HKCU\Software\Wine\Explorer\Desktops' /v Default /d 1200x760 /f >/dev/null 2>&1
 wine reg add 'HKCU\Control Panel\Desktop' /v LogPixels /t REG_DWORD /d 96 /f >/dev/null 2>&1
 wineserver -w
-wineserver -p
+# Every process left running must let go of the caller's output, or CTest waits for it.
+wineserver -p >/dev/null 2>&1 </dev/null
 cat >"$session/env" <<ENV
 export DISPLAY=$display WINEPREFIX=$prefix WINEARCH=win64 WINEDEBUG=-all
 export WINEDLLOVERRIDES="mscoree,mshtml,winemenubuilder.exe=d"
