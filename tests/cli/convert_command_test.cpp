@@ -1,5 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <memory>
+#include <regex>
+
 #include <sstream>
 #include <string>
 #include <vector>
@@ -17,12 +21,12 @@ struct CommandRun {
   std::string err;
 };
 
-CommandRun Convert(const std::vector<std::string>& words, const std::string& input = "") {
+CommandRun Convert(const std::vector<std::string>& words, const std::string& input = "", bool errIsTerminal = false) {
   std::vector<std::string> args = {"--data", testing::SourceDataRoot().string(), "convert"};
   args.insert(args.end(), words.begin(), words.end());
   std::istringstream in(input);
   std::ostringstream out, err;
-  const int status = RunQuilom(args, in, out, err, testing::SourceDataRoot().parent_path(), false);
+  const int status = RunQuilom(args, in, out, err, testing::SourceDataRoot().parent_path(), errIsTerminal);
   return {status, out.str(), err.str()};
 }
 
@@ -108,6 +112,171 @@ TEST(ConvertCommand, DocumentsNeedTheirBackend) {
   EXPECT_FALSE(converter::IsDocumentExtension(".fakedoc"));
   EXPECT_EQ(converter::DocumentBackendProblem(".FAKEDOC"),
             "converting .fakedoc needs FakeOffice: FakeOffice is not installed");
+}
+
+// The fonts each replace-all was given, in the order they were first used. The placeholder pairs
+// are searched in any font whatever the run's font, so an empty find font is left out.
+struct FontLog {
+  std::vector<std::u16string> findFonts;
+  std::vector<std::u16string> replacementFonts;
+  std::size_t replaceAlls = 0;
+};
+
+FontLog& Log() {
+  static FontLog log;
+  return log;
+}
+
+void NoteOnce(std::vector<std::u16string>& seen, const std::u16string& font) {
+  if (!font.empty() && std::find(seen.begin(), seen.end(), font) == seen.end()) {
+    seen.push_back(font);
+  }
+}
+
+class RecordingEditor final : public converter::DocumentEditor {
+ public:
+  bool HasSelection() override { return false; }
+  void SetScope(converter::EditScope) override {}
+  void SetFindFont(std::u16string_view font) override { findFont_ = font; }
+  void SetReplacementFont(std::u16string_view font) override { replacementFont_ = font; }
+  bool ReplaceAll(std::u16string_view, std::u16string_view) override {
+    NoteOnce(Log().findFonts, findFont_);
+    NoteOnce(Log().replacementFonts, replacementFont_);
+    ++Log().replaceAlls;
+    return true;
+  }
+  void SetScreenUpdating(bool) override {}
+  void ClearUndo() override {}
+  ErrorDetails LastError() const override { return {}; }
+
+ private:
+  std::u16string findFont_;
+  std::u16string replacementFont_;
+};
+
+class RecordingSession final : public converter::DocumentSession {
+ public:
+  converter::DocumentEditor& Editor() override { return editor_; }
+  bool SaveAs(const std::filesystem::path& output, std::string&) override {
+    testing::WriteBytes(output, "saved");
+    return true;
+  }
+
+ private:
+  RecordingEditor editor_;
+};
+
+class RecordingBackend final : public converter::DocumentBackend {
+ public:
+  std::string Name() const override { return "RecordingOffice"; }
+  std::vector<std::string> Extensions() const override { return {".qrec"}; }
+  bool IsAvailable(std::string&) override { return true; }
+  std::unique_ptr<converter::DocumentSession> Open(const std::filesystem::path&, std::string&) override {
+    return std::make_unique<RecordingSession>();
+  }
+};
+
+class ConvertDocumentFonts : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    converter::RegisterDocumentBackend(std::make_shared<RecordingBackend>());
+    Log() = {};
+  }
+  CommandRun ConvertDocument(std::vector<std::string> words, bool errIsTerminal = false) {
+    words.insert(words.end(), {"letter.qrec", "-o", (folder_ / "out.qrec").string()});
+    return Convert(words, "", errIsTerminal);
+  }
+  testing::TempFolder folder_;
+};
+
+TEST_F(ConvertDocumentFonts, FindsOnlyTheLegacyFontsAndGivesTheChosenUnicodeFont) {
+  using Fonts = std::vector<std::u16string>;
+  struct Case {
+    std::vector<std::string> words;
+    Fonts find;
+    Fonts replacement;
+  };
+  const Case cases[] = {
+      // Without a named font only the encoding's default font is searched, so English stays.
+      {{"--from", "Bamini", "--to", "Unicode"}, {u"Bamini"}, {u"Latha"}},
+      {{"--from", "Bamini", "--to", "Unicode", "--legacy-font", "Bamini Bold", "--unicode-font", "Noto Sans Tamil"},
+       {u"Bamini Bold"},
+       {u"Noto Sans Tamil"}},
+      {{"--from", "Bamini", "--to", "Unicode", "--font", "Noto Sans Tamil"}, {u"Bamini"}, {u"Noto Sans Tamil"}},
+      // Each named font in turn, in the order given.
+      {{"--from", "Bamini", "--to", "Unicode", "--legacy-font", "Baamini", "--legacy-font", "Bamini"},
+       {u"Baamini", u"Bamini"},
+       {u"Latha"}},
+      {{"--from", "Bamini", "--to", "Unicode", "--legacy-font", "any font"}, {}, {u"Latha"}},
+      // Unicode text is found in any font unless one is named; it gets one legacy font.
+      {{"--from", "Unicode", "--to", "Bamini"}, {}, {u"Bamini"}},
+      {{"--from", "Unicode", "--to", "Bamini", "--unicode-font", "Latha", "--legacy-font", "Bamini Bold"},
+       {u"Latha"},
+       {u"Bamini Bold"}},
+      // Through Unicode: the second step finds only what the first step wrote.
+      {{"--from", "Tscii", "--to", "Bamini"}, {u"TSCu_Paranar", u"Latha"}, {u"Latha", u"Bamini"}},
+  };
+  for (const Case& c : cases) {
+    Log() = {};
+    const CommandRun run = ConvertDocument(c.words);
+    const std::string label = ::testing::PrintToString(c.words);
+    EXPECT_EQ(run.status, 0) << label << run.err;
+    EXPECT_GT(Log().replaceAlls, 100u) << label;
+    EXPECT_EQ(Log().findFonts, c.find) << label;
+    EXPECT_EQ(Log().replacementFonts, c.replacement) << label;
+    EXPECT_EQ(testing::ReadBytes(folder_ / "out.qrec"), "saved") << label;
+  }
+}
+
+TEST_F(ConvertDocumentFonts, RefusesFontChoicesThatCannotHoldBeforeTouchingTheDocument) {
+  struct Case {
+    std::vector<std::string> words;
+    std::string message;
+  };
+  const Case cases[] = {
+      {{"--from", "Unicode", "--to", "Bamini", "--legacy-font", "A", "--legacy-font", "B"}, "give --legacy-font once"},
+      {{"--from", "Unicode", "--to", "Bamini", "--legacy-font", "Any Font"}, "not \"Any Font\""},
+      {{"--from", "Bamini", "--to", "Unicode", "--font", "Latha", "--unicode-font", "Noto"}, "give one font"},
+      {{"--from", "Bamini", "--to", "Unicode", "--legacy-font"}, "--legacy-font needs a font name"},
+  };
+  for (const Case& c : cases) {
+    Log() = {};
+    const CommandRun run = ConvertDocument(c.words);
+    EXPECT_EQ(run.status, 2) << run.err;
+    EXPECT_NE(run.err.find(c.message), std::string::npos) << run.err;
+    EXPECT_EQ(Log().replaceAlls, 0u);
+  }
+}
+
+TEST_F(ConvertDocumentFonts, PlainTextSaysFontsDoNotApplyAndStillConverts) {
+  const CommandRun run =
+      Convert({"--from", "Tscii", "--to", "Unicode", "--legacy-font", "TSCu_Paranar"}, kTsciiGreeting);
+  EXPECT_EQ(run.status, 0) << run.err;
+  EXPECT_EQ(run.out, kUnicodeGreeting);
+  EXPECT_NE(run.err.find("plain text has no fonts"), std::string::npos) << run.err;
+  EXPECT_EQ(Log().replaceAlls, 0u);
+}
+
+// The bar covers every font pass and both steps through Unicode, so it never runs backwards.
+TEST_F(ConvertDocumentFonts, ProgressBarRisesOnceOverAllPassesToTheEnd) {
+  const std::vector<std::string> requests[] = {
+      {"--from", "Bamini", "--to", "Unicode", "--legacy-font", "Baamini", "--legacy-font", "Bamini"},
+      {"--from", "Tscii", "--to", "Bamini"},
+  };
+  for (const auto& words : requests) {
+    const CommandRun run = ConvertDocument(words, true);
+    ASSERT_EQ(run.status, 0) << run.err;
+    std::vector<int> shown;
+    const std::regex percent(R"(\] (\d+)%)");
+    for (auto it = std::sregex_iterator(run.err.begin(), run.err.end(), percent); it != std::sregex_iterator(); ++it) {
+      shown.push_back(std::stoi((*it)[1]));
+    }
+    ASSERT_FALSE(shown.empty()) << run.err;
+    EXPECT_TRUE(std::is_sorted(shown.begin(), shown.end())) << run.err;
+    EXPECT_EQ(shown.back(), 100);
+    EXPECT_TRUE(std::any_of(shown.begin(), shown.end(), [](int p) { return p >= 40 && p <= 60; })) << run.err;
+    EXPECT_EQ(run.err.back(), '\n');
+  }
 }
 
 }  // namespace

@@ -54,6 +54,52 @@ TEST(PairReplacer, EqualsOneReplaceAllPerPairOnRandomTablesAndTexts) {
   }
 }
 
+// Units that share a signature bit ('a', U+00E1 and U+0B61 agree in their low seven bits), units
+// that no find text holds (so they split words) and that replacements nonetheless insert,
+// finds that are prefixes of one another, empty replacements, and over 64 pairs so that pair
+// sets span several words.
+TEST(PairReplacer, EqualsOneReplaceAllPerPairWhenReplacementsBringUnitsNoFindHolds) {
+  std::mt19937 rng(7411);
+  const std::u16string findUnits = u"ab\u00e1\u0b61c";
+  const std::u16string textUnits = findUnits + u"x.\uffff ";
+  for (int round = 0; round < 300; ++round) {
+    std::vector<TablePair> pairs;
+    const int count = 1 + static_cast<int>(rng() % (round % 3 == 0 ? 150 : 10));
+    for (int i = 0; i < count; ++i) {
+      std::u16string find = RandomText(rng, findUnits, 1 + rng() % 3);
+      if (!pairs.empty() && rng() % 4 == 0) {
+        find = pairs[rng() % pairs.size()].find + find.substr(0, 1);  // an earlier find, one longer
+      }
+      const std::u16string replacement = rng() % 5 == 0 ? u"" : RandomText(rng, textUnits, rng() % 4);
+      pairs.push_back({find, replacement});
+    }
+    PairReplacer replacer(pairs);
+    // Few words, many times over: the second and later sightings come from memory.
+    std::vector<std::u16string> words;
+    for (int i = 0; i < 6; ++i) words.push_back(RandomText(rng, findUnits, 1 + rng() % 6));
+    for (int text = 0; text < 4; ++text) {
+      std::u16string input;
+      for (int i = 0; i < 40; ++i) {
+        input += words[rng() % words.size()];
+        input += RandomText(rng, textUnits, rng() % 2);
+      }
+      ASSERT_EQ(replacer.Apply(input), Naive(input, pairs)) << "round " << round;
+    }
+  }
+}
+
+TEST(PairReplacer, StaysExactOnceTooManyDistinctWordsStopItRemembering) {
+  std::mt19937 rng(99);
+  const std::vector<TablePair> pairs{{u"ab", u"b"}, {u"b", u"ca"}, {u"cc", u""}, {u"a", u"c"}, {u"ca", u"a b"}};
+  std::u16string input;
+  for (int i = 0; i < 70000; ++i) {
+    input += RandomText(rng, u"abcdefgh", 6 + rng() % 10);
+    input += u' ';
+  }
+  PairReplacer replacer(pairs);
+  EXPECT_EQ(replacer.Apply(input), Naive(input, pairs));
+}
+
 TEST(PairReplacer, NeverSearchesWhatThePairItselfInsertedButLaterPairsDo) {
   PairReplacer replacer(std::vector<TablePair>{{u"a", u"aa"}, {u"aa", u"b"}});
   EXPECT_EQ(replacer.Apply(u"a a"), u"b b");

@@ -57,19 +57,15 @@ TEST(FloaterSettings, UnusableValuesKeepTheirDefaults) {
   EXPECT_EQ(ReadFloaterSettings(file), expected);
 }
 
-TEST(FloaterLook, HideOptionsChooseTheGridColumns) {
+TEST(FloaterLook, HidingEveryPartShowsWholeNames) {
   FloaterSettings settings;
-  settings.Set(FloaterOption::HideHotkeysInfo, true);
   settings.Set(FloaterOption::HideLanguages, true);
-  auto look = FloaterLookOf(settings);
-  EXPECT_FALSE(look.hotkeyColumn || look.languageColumn || look.nameColumn);
-  EXPECT_TRUE(look.encodingColumn && look.keyboardColumn && look.alwaysOnTop);
-
   settings.Set(FloaterOption::HideFontEncodings, true);
+  EXPECT_FALSE(FloaterLookOf(settings).nameColumn);
   settings.Set(FloaterOption::HideKeyboardsInfo, true);
-  look = FloaterLookOf(settings);
-  EXPECT_TRUE(look.nameColumn);
-  EXPECT_FALSE(look.encodingColumn || look.keyboardColumn);
+  const auto look = FloaterLookOf(settings);
+  EXPECT_TRUE(look.nameColumn && look.hotkeyColumn);
+  EXPECT_FALSE(look.languageColumn || look.encodingColumn || look.keyboardColumn);
 }
 
 TEST(FloaterHook, HookingDependsOnTheModeAndThePreviousWindow) {

@@ -14,13 +14,17 @@ mkdir -p "$out"
 work=$(mktemp -d "$out/$name.XXXX")
 cp -r "$(dirname "$host_exe")/Sorvin" "$work/Sorvin"
 data_root="Z:$(echo "$work/Sorvin" | sed 's#/#\\#g')"
-host_pid=
 
 fail() { echo "FAIL [$name]: $*" >&2; shot "$name-failed"; exit 1; }
 shot() { import -window root "$out/$1.png" 2>/dev/null || true; }
 
+# open_window runs in a command substitution, so the host's pid travels through a file.
+host_pid() { cat "$work/host.pid" 2>/dev/null || true; }
+
 cleanup() {
-  if [ -n "$host_pid" ] && kill -0 "$host_pid" 2>/dev/null; then kill "$host_pid" 2>/dev/null || true; fi
+  local pid
+  pid=$(host_pid)
+  if [ -n "$pid" ] && kill -0 "$pid" 2>/dev/null; then kill "$pid" 2>/dev/null || true; fi
   rm -rf "$work"
 }
 trap cleanup EXIT
@@ -28,8 +32,8 @@ trap cleanup EXIT
 # Starts the host with one window and prints the window's X id once it is mapped.
 open_window() {
   local window=$1 title=$2
-  wine "$host_exe" --data "$data_root" --window "$window" >"$work/host.log" 2>&1 &
-  host_pid=$!
+  wine "$host_exe" --data "$data_root" --window "$window" >"$work/host.log" 2>&1 </dev/null &
+  echo $! >"$work/host.pid"
   local wid
   wid=$(timeout 30 xdotool search --sync --onlyvisible --name "$title" | head -1) || true
   [ -n "$wid" ] || fail "window '$title' did not open"
@@ -42,11 +46,15 @@ open_window() {
 }
 
 # Copies the whole text of the box that the mnemonic reaches and prints it.
+# xclip -i stays behind to serve the selection: it must not hold the test's output open.
+clear_clipboard() { printf '' | xclip -selection clipboard >/dev/null 2>&1; }
+read_clipboard() { timeout 3 xclip -o -selection clipboard 2>/dev/null | tr -d '\0' || true; }
+
 copy_box() {
-  printf '' | xclip -selection clipboard
+  clear_clipboard
   xdotool key --delay 30 "$1" ctrl+a ctrl+c
   sleep 0.3
-  xclip -o -selection clipboard 2>/dev/null | tr -d '\0' || true
+  read_clipboard
 }
 
 # Copies the box until its text holds `expected` (a conversion may still be running).
@@ -62,7 +70,9 @@ wait_box_holds() {
 
 close_window() {
   xdotool key Escape
-  for _ in $(seq 50); do kill -0 "$host_pid" 2>/dev/null || { host_pid=; return 0; }; sleep 0.1; done
+  local pid
+  pid=$(host_pid)
+  for _ in $(seq 50); do kill -0 "$pid" 2>/dev/null || { rm -f "$work/host.pid"; return 0; }; sleep 0.1; done
   fail "the host did not end after Escape closed its window"
 }
 
@@ -109,14 +119,14 @@ case $name in
     xdotool key alt+y  # tick Auto Copy
     sleep 0.3
     [ "$(settings_value "$settings" 'Auto Copy')" = 1 ] || fail "ticking Auto Copy did not save 1"
-    printf '' | xclip -selection clipboard
+    clear_clipboard
     xdotool key alt+p
     # Auto Normalize (ticked in the shipped settings) normalises as the text changes; Auto Copy
     # then puts each result on the clipboard, with no copy of ours.
     xdotool type --delay 10 'https://ta.wikipedia.org/wiki/%E0%AE%A4%E0%AE%AE%E0%AE%BF%E0%AE%B4%E0%AF%8D'
     clip=""
-    for _ in $(seq 20); do
-      clip=$(xclip -o -selection clipboard 2>/dev/null | tr -d '\0' || true)
+    for _ in $(seq 40); do
+      clip=$(read_clipboard)
       [ "$clip" = 'https://ta.wikipedia.org/wiki/தமிழ்' ] && break
       sleep 0.2
     done

@@ -70,18 +70,11 @@ TEST(KeymapResolution, SettingsPickTheVariantFiles) {
        folder / "QuilomPlus-Tamil-Unicode-PhoneticTransliteration.xml"},
       {defaults, u"Tamil-Unicode-PhoneticTransliteration-Mine",
        folder / "QuilomPlus-Tamil-Unicode-PhoneticTransliteration-Mine.txt"},
+      {defaults, u"Tamil-PhoneticTransliteration-x", folder / "QuilomPlus-Tamil-PhoneticTransliteration-x.xml"},
   };
   for (const auto& row : rows) {
     EXPECT_EQ(KeymapPathFor(Shipped(), row.settings, row.lfk), row.expected) << text::Utf16ToUtf8(row.lfk);
   }
-}
-
-TEST(KeymapResolution, UserPhoneticSchemesAreRecognisedByName) {
-  EXPECT_TRUE(IsUserPhoneticScheme(u"Tamil-Unicode-PhoneticTransliteration-Mine"));
-  EXPECT_TRUE(IsUserPhoneticScheme(u"Tamil-Tscii-PhoneticTransliteration-2"));
-  EXPECT_FALSE(IsUserPhoneticScheme(u"Tamil-Unicode-PhoneticTransliteration"));
-  EXPECT_FALSE(IsUserPhoneticScheme(u"Hindi-Unicode-PhoneticTransliteration-Mine"));
-  EXPECT_FALSE(IsUserPhoneticScheme(u"Tamil-PhoneticTransliteration-x"));  // found before the eighth character
 }
 
 TEST(KeymapResolution, AgaraSettingChangesHowTamil99TypesAfterAConsonant) {
@@ -134,27 +127,6 @@ TEST(KeymapResolution, AdjustedTextKeepsLineNumbersForProblemReports) {
   ASSERT_EQ(notices.size(), 1u);
   EXPECT_NE(notices[0].find(u"4"), std::u16string::npos) << text::Utf16ToUtf8(notices[0]);
   EXPECT_EQ(LoadKeymapForSettings(folders, excludeH, u"Tamil-Unicode-TamilNet99", tables), LoadOutcome::Missing);
-}
-
-TEST(KeymapResolution, LoaderAndEngineSwitches) {
-  TypingSettings own;
-  own.ownKeyboardLayout = true;
-  own.extendedScheme = true;
-  const auto ownOptions = ModifierOptionsFor(own);
-  EXPECT_FALSE(ownOptions.vowelSwitch || ownOptions.modifierSwitch);
-  EXPECT_TRUE(ownOptions.longEeOoW);
-  const auto usual = ModifierOptionsFor({});
-  EXPECT_TRUE(usual.vowelSwitch && usual.modifierSwitch);
-  EXPECT_FALSE(usual.longEeOoW);
-
-  TypingSettings modern;
-  modern.classic = false;
-  EXPECT_EQ(EngineSettingsFor({}, u"Hindi-Unicode-PhoneticTransliteration").typingMode, 1);
-  EXPECT_EQ(EngineSettingsFor({}, u"Hindi-Unicode-PhoneticTransliteration").punctuationSwitch, 1);
-  EXPECT_EQ(EngineSettingsFor(modern, u"Hindi-Unicode-PhoneticTransliteration").punctuationSwitch, 0);
-  EXPECT_EQ(EngineSettingsFor({}, u"Tamil-Unicode-PhoneticTransliteration").typingMode, 0);
-  EXPECT_EQ(EngineSettingsFor({}, u"Tamil-Unicode-TamilNet99").typingMode, 2);
-  EXPECT_EQ(EngineSettingsFor({}, u"Tamil-Unicode-TamilNet99").punctuationSwitch, 0);
 }
 
 }  // namespace

@@ -96,13 +96,6 @@ TEST(TypingSettings, OnlyYesTicksTheExcelOption) {
   EXPECT_EQ(IniValue(folders, settings::kTypingSettingsIni, u"General", u"StartQuilomMinimized"), u"0");
 }
 
-TEST(TypingSettings, CategoriesShowTheirSections) {
-  EXPECT_EQ(SectionsOfCategory(0)[0], kGeneralSection);
-  EXPECT_EQ(SectionsOfCategory(2)[1], kTamilNet99Section);
-  EXPECT_EQ(SectionsOfCategory(4)[0], kOtherLangsPhoneticsSection);
-  for (const int separator : {1, 3, -1, 5}) EXPECT_TRUE(SectionsOfCategory(separator)[0].empty()) << separator;
-}
-
 TEST(TypingSettings2, SetKeysListSeparatorsAndNameValueRows) {
   const auto rows = ParseSetKeys(u"------ Scheme ------\r\nClassic scheme=1\r\n\r\n  Extended scheme = 0 \r\nBare");
   ASSERT_EQ(rows.size(), 4u);
