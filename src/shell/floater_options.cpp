@@ -84,10 +84,10 @@ HookOutcome HookTypingWindow(SelectionState& state, WindowId previousForegroundW
   }
   state.HookedWindow = previousForegroundWindow;
   state.oneShotFocus = true;
-  return {HookVerdict::Hooked,
-          {u"Typing Window Hooked",
-           u"Window having the following title has been hooked for your further focused typing: " +
-               std::u16string(title)}};
+  return {
+      HookVerdict::Hooked,
+      {u"Typing Window Hooked",
+       u"Window having the following title has been hooked for your further focused typing: " + std::u16string(title)}};
 }
 
 FloaterMessage UnhookTypingWindow(SelectionState& state, std::u16string_view title) {

@@ -42,8 +42,8 @@ inline constexpr int kFloaterOptionCount = 9;
 
 // The list's entries, in list order.
 inline constexpr std::array<std::u16string_view, kFloaterOptionCount> kFloaterOptionNames = {
-    u"Follow the Typing",      u"Always on Top",          u"Hide the Hotkeys Info",
-    u"Hide Languages",         u"Hide Font Encodings",    u"Hide Keyboards Info",
+    u"Follow the Typing",      u"Always on Top",           u"Hide the Hotkeys Info",
+    u"Hide Languages",         u"Hide Font Encodings",     u"Hide Keyboards Info",
     u"Hook the Typing Window", u"AutoFocus Typing Window", u"Start with Quilom++"};
 
 inline constexpr std::u16string_view kFloaterGuidance =

@@ -8,7 +8,7 @@ namespace quilom::translit {
 namespace {
 
 constexpr std::array<std::u16string_view, 6> kLegacyEncodings = {u"Stmzh", u"Bamini", u"Shreelipi",
-                                                                  u"Tab",   u"Tam",    u"Tscii"};
+                                                                 u"Tab",   u"Tam",    u"Tscii"};
 
 bool IsOff(std::u16string_view key, std::u16string_view allEntry) { return key.empty() || key == FilterKey(allEntry); }
 
@@ -83,8 +83,7 @@ std::vector<bool> VisibleRows(const std::vector<LfkRow>& rows, const LfkChoice& 
 
 std::u16string NoMatchingLfkMessage(std::u16string_view choice, std::u16string_view language) {
   return u"No LFK matching '" + std::u16string(choice) + u"' found in the current list of visible LFKs.\r\n\r\n" +
-         u"So, will just highlight the first LFK found with '" + std::u16string(language) +
-         u"' as language.\r\n\r\n" +
+         u"So, will just highlight the first LFK found with '" + std::u16string(language) + u"' as language.\r\n\r\n" +
          u"TIP: You can use the 'Filter By' facility at the top to first identify what all LFKs are available for "
          u"a particular language.";
 }

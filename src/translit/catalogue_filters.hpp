@@ -25,10 +25,9 @@ inline constexpr std::u16string_view kAllLayouts = u"All Keyboard Layouts";
 inline constexpr std::u16string_view kStmzhFinderLabel = u"Stmzh (SR, RGB)";
 
 inline constexpr std::array<std::u16string_view, 21> kLanguageFilters = {
-    u"All Languages", u"Tamil",   u"Hindi",     u"Sanskrit", u"Telugu",    u"Kannada",         u"Malayalam",
-    u"Marathi",       u"Konkani", u"Gujarati",  u"Bengali",  u"Punjabi",   u"Oriya",           u"Assamese",
-    u"Sourashtra",    u"Arabic",  u"Greek",     u"LatinScript&IPA",        u"English",         u"Roman",
-    u"Except Tamil"};
+    u"All Languages", u"Tamil",   u"Hindi",    u"Sanskrit",        u"Telugu",  u"Kannada", u"Malayalam",
+    u"Marathi",       u"Konkani", u"Gujarati", u"Bengali",         u"Punjabi", u"Oriya",   u"Assamese",
+    u"Sourashtra",    u"Arabic",  u"Greek",    u"LatinScript&IPA", u"English", u"Roman",   u"Except Tamil"};
 inline constexpr std::array<std::u16string_view, 6> kLayoutFilters = {
     u"All Keyboard Layouts", u"PhoneticTransliteration", u"UserDefinedPhonetics1",
     u"TypeWriterOld",        u"TypeWriterNew",           u"TamilNet99"};
@@ -60,7 +59,7 @@ bool RowMatches(const LfkRow& row, const LfkChoice& choice);
 std::vector<bool> VisibleRows(const std::vector<LfkRow>& rows, const LfkChoice& choice);
 
 struct FinderResult {
-  int row = -1;          // the row to highlight, -1 for none
+  int row = -1;            // the row to highlight, -1 for none
   std::u16string message;  // shown before highlighting when the choice matched no visible row
 };
 

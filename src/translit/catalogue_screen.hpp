@@ -16,7 +16,7 @@ namespace quilom::translit {
 inline constexpr std::u16string_view kScreenSeparator = u"`````";
 
 struct CatalogueScreen {
-  int width = 0;   // 0: the window's own default size
+  int width = 0;  // 0: the window's own default size
   int height = 0;
   bool maximized = false;
   std::u16string fileToBeLoaded{u"Finalized"};  // a list name: "Original", "Choices-3", ...

@@ -129,8 +129,8 @@ LoadOutcome LoadKeymapForSettings(const settings::DataFolders& folders, const Ty
     KeymapLoadOptions options;
     options.typingMode = EngineSettingsFor(settings, name).typingMode;
     DataFileProblem problem;
-    auto parsed = ParsePhoneticKeymap(AdjustKeymapText(text, settings, name), options, settings::SystemCodePage(),
-                                      problem);
+    auto parsed =
+        ParsePhoneticKeymap(AdjustKeymapText(text, settings, name), options, settings::SystemCodePage(), problem);
     if (!parsed) {
       if (notify) notify(BuildNotInOrderMessage(path.u16string(), problem.lineNumber, problem.reason));
       return LoadOutcome::Refused;

@@ -65,7 +65,7 @@ struct TypingSettings {
 
 // The categories of the window's `lcat` list; the ":" rows separate them and show nothing.
 inline constexpr std::array<std::u16string_view, 5> kSettingsCategories = {u"GENERAL", u":", u"TAMIL", u":",
-                                                                          u"OTHER LANGUAGES"};
+                                                                           u"OTHER LANGUAGES"};
 // The sections whose controls a click on `lcat` row `row` shows; empty for a separator or a row
 // out of range.
 std::array<std::u16string_view, 2> SectionsOfCategory(int row);

@@ -73,8 +73,8 @@ bool RestoreSettings2Defaults(const settings::DataFolders& folders) {
   std::error_code ec;
   const std::u16string text = std::filesystem::exists(replica, ec) ? settings::ReadTextFile(replica) : u"";
   if (text.empty()) {
-    ReportError(u"qmset2 - RsD", {53, u"qmset2", u"The factory copy of the settings is missing: " +
-                                                    replica.filename().u16string()});
+    ReportError(u"qmset2 - RsD",
+                {53, u"qmset2", u"The factory copy of the settings is missing: " + replica.filename().u16string()});
     return false;
   }
   const auto target = Settings2Ini(folders).DataCopy();

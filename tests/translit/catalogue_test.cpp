@@ -57,8 +57,7 @@ TEST(CatalogueLists, LinesParseAndFormatBackUnchanged) {
   EXPECT_EQ(rows[0].fourth, u"7");
   EXPECT_EQ(rows[1].fourth, u"");
   EXPECT_EQ(FormatLfkList(rows), text);
-  const auto shipped = settings::ReadTextFile(
-      LfkListPath(DataFolders::ForDataRoot(SourceDataRoot()), kOriginalList));
+  const auto shipped = settings::ReadTextFile(LfkListPath(DataFolders::ForDataRoot(SourceDataRoot()), kOriginalList));
   EXPECT_EQ(FormatLfkList(ParseLfkList(shipped)), shipped);
 }
 
@@ -96,7 +95,7 @@ TEST(CatalogueLists, MovingRowsStopsAtTheEnds) {
     int from, delta, to;
     std::u16string order;
   };
-  const Row rows[] = {{1, -1, 0, u"BACD"}, {1, 1, 2, u"ACBD"}, {0, -1, 0, u"ABCD"}, {3, 1, 3, u"ABCD"},
+  const Row rows[] = {{1, -1, 0, u"BACD"}, {1, 1, 2, u"ACBD"},  {0, -1, 0, u"ABCD"}, {3, 1, 3, u"ABCD"},
                       {0, 10, 3, u"BCDA"}, {3, -9, 0, u"DABC"}, {4, -1, 4, u"ABCD"}, {-1, 1, -1, u"ABCD"}};
   for (const auto& row : rows) {
     auto rowsNow = start;

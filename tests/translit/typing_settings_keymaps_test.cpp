@@ -64,10 +64,8 @@ TEST(KeymapResolution, SettingsPickTheVariantFiles) {
       {chCh, u"Hindi-Unicode-PhoneticTransliteration",
        folder / "chCh-1" / "QuilomPlus-Hindi-Unicode-PhoneticTransliteration.xml"},
       // No variant file: the ordinary one.
-      {chCh, u"Greek-Unicode-PhoneticTransliteration",
-       folder / "QuilomPlus-Greek-Unicode-PhoneticTransliteration.xml"},
-      {chCh, u"Tamil-Unicode-PhoneticTransliteration",
-       folder / "QuilomPlus-Tamil-Unicode-PhoneticTransliteration.xml"},
+      {chCh, u"Greek-Unicode-PhoneticTransliteration", folder / "QuilomPlus-Greek-Unicode-PhoneticTransliteration.xml"},
+      {chCh, u"Tamil-Unicode-PhoneticTransliteration", folder / "QuilomPlus-Tamil-Unicode-PhoneticTransliteration.xml"},
       {defaults, u"Tamil-Unicode-PhoneticTransliteration-Mine",
        folder / "QuilomPlus-Tamil-Unicode-PhoneticTransliteration-Mine.txt"},
       {defaults, u"Tamil-PhoneticTransliteration-x", folder / "QuilomPlus-Tamil-PhoneticTransliteration-x.xml"},

@@ -50,8 +50,8 @@ TEST(TypingSettings, EveryKeyIsReadFromItsOwnSection) {
   TempFolder temp;
   const auto folders = DataFolders::ForDataRoot(temp / "Sorvin");
   // Each key flipped from its default; a key in the wrong section must not count.
-  const TypingSettingKey flipped[] = {kGeneralItems[0], kGeneralItems[1], kGeneralItems[2], kGeneralItems[3],
-                                      kExcludeHKey,     kTamilNumeralsKey, kConsecutiveAgaraKey, kChChKey,
+  const TypingSettingKey flipped[] = {kGeneralItems[0], kGeneralItems[1],     kGeneralItems[2],     kGeneralItems[3],
+                                      kExcludeHKey,     kTamilNumeralsKey,    kConsecutiveAgaraKey, kChChKey,
                                       kClassicKey,      kOwnKeyboardLayoutKey};
   for (const auto& key : flipped) ASSERT_TRUE(WriteTypingSetting(folders, key, key.fallback != u"1"));
   settings::IniSettings(folders, settings::kTypingSettingsIni).Write(kGeneralSection, u"chCh", u"0");
