@@ -10,7 +10,17 @@
 // `owner` (which may be null), or brings it to the front when it is already open, and returns
 // its handle (null when it could not be created). All must be called on the GUI thread; each
 // window converts long texts a piece at a time from a timer, so the thread's message loop keeps
-// running while it works.
+// running while it works (ChunkedConversion); closing a window mid-run drops the run.
+//
+// Choices the windows make:
+// - The text boxes use the first installed of "Nirmala UI", "Latha", "Lohit Tamil" and "Noto
+//   Sans Tamil" that draws both Tamil and Latin letters. Where none does (a system with only the
+//   free Tamil fonts, which lack Latin letters), texts below 20 000 characters are shown with a
+//   font per script, longer ones in the Tamil font alone.
+// - Layouts are given at 96 DPI and scaled by the system DPI when the window opens.
+// - The options of the reverse transliteration window start clear each time (it keeps no
+//   settings file); `qmprt2` has no options and converts with the default ones.
+// - Escape closes a tool window; Enter presses its convert button unless the focus is in a box.
 namespace quilom::tools::win32 {
 
 // `qmprt`: Tamil text to Latin spelling, with the main word list.
