@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <functional>
 #include <optional>
@@ -13,34 +14,40 @@
 // of pair 0's find text (left to right, without overlap, never searching what it inserts), then
 // doing the same for pair 1 on the result, and so on.
 //
-// How it gets there: no find text holds a separator character (blank, tab, CR, LF: any of these
-// that some find text holds stops being a separator), so no match ever spans one and no
-// replacement ever removes one. The text therefore splits into words that convert on their own,
-// and the words of a real text repeat: each distinct word is converted once and remembered.
-// Within a word only the pairs whose find text begins with a character the word holds are
-// tried, in table order. The cost is linear in the text.
+// How it gets there: a code unit that no find text holds is a separator. No match can span a
+// separator, and none removes one, so the text splits into words that convert on their own:
+//   a replace-all scanning "A s B" (s in no find text) finds no match covering s; its matches in
+//   A are A's own (a leftmost match there never reaches past s), and once past A the scan
+//   resumes at or before s and so finds exactly B's matches. The output is then
+//   "A' s B'", s still in place, and the argument repeats for every later pair, even where a
+//   replacement put new separators inside a word.
+// The words of a real text repeat: each distinct word is converted once and remembered. Within
+// a word only the pairs whose find text begins with a unit the word holds are tried, in table
+// order, and a pair is searched for only when every unit and every adjacent two units of its
+// find text are present. The cost is linear in the text.
 namespace quilom::converter {
 
-// Converted words by their source text: open addressing over one array, looked up by view, so
-// that a word already seen costs a hash and a compare.
+// Converted words by their source text: open addressing over one array, looked up by view with
+// a hash the caller computed (WordMemo::Hash), so that a word already seen costs a hash and a
+// compare.
 class WordMemo {
  public:
-  // The remembered result, or nothing.
-  std::optional<std::u16string_view> Find(std::u16string_view word) const;
-  void Insert(std::u16string_view word, std::u16string_view converted);
+  static std::uint64_t Hash(std::u16string_view word);
+  // The remembered result, or nothing. `hash` must be Hash(word).
+  std::optional<std::u16string_view> Find(std::u16string_view word, std::uint64_t hash) const;
+  void Insert(std::u16string_view word, std::uint64_t hash, std::u16string_view converted);
   std::size_t Size() const { return count_; }
   void Clear();
 
  private:
-  static std::uint64_t Hash(std::u16string_view word);
   void Grow();
 
-  // A slot keeps the hash beside the place of the word, so a probe that misses never leaves
-  // the slot array; words and results lie one after the other in one arena.
+  // A slot keeps part of the hash and the word's length beside the place of the word, so a
+  // probe that misses never leaves the slot array; words and results lie one after the other
+  // in one arena. Offset 0 marks a free slot (the arena starts with one unused unit).
   struct Slot {
     std::uint32_t hash = 0;
     std::uint32_t offset = 0;  // into arena_: word length, result length, word, result
-    bool used = false;
   };
   std::vector<Slot> slots_;
   std::u16string arena_;
@@ -57,30 +64,43 @@ class PairReplacer {
   std::size_t PairCount() const { return pairs_.size(); }
 
  private:
-  // A set of pair indexes as bits, and a 64-bit summary of which code units a text holds.
+  // A set of pair indexes as bits.
   using PairBits = std::vector<std::uint64_t>;
-  struct UnitInfo {
-    std::size_t bitsIndex = 0;  // into unitPairBits_; 0 = no pair begins with the unit
-    std::uint64_t signature = 0;
+  // Which code units (by their low seven bits, so that a whole Unicode block or the upper half
+  // of a legacy code page never collides) and which adjacent two units (hashed to 64 bits) a
+  // text holds. A find text can occur only where its signature is a subset.
+  struct Signature {
+    std::uint64_t low = 0, high = 0, pairs = 0;
+    bool Covers(const Signature& other) const {
+      return (other.low & ~low) == 0 && (other.high & ~high) == 0 && (other.pairs & ~pairs) == 0;
+    }
   };
+  static Signature SignatureOf(std::u16string_view text);
 
-  std::u16string ConvertWord(std::u16string_view word) const;
-  void AppendWord(std::u16string_view word, std::u16string& result);
-  void AddUnits(std::u16string_view text, PairBits& candidates, std::uint64_t& signature) const;
-  bool IsSeparator(char16_t ch) const { return ch < 0x80 && isSeparator_[ch]; }
-  static std::uint64_t SignatureBit(char16_t unit) { return std::uint64_t{1} << (unit % 64); }
+  // One word and the separators after it, with the word's hash when remembering.
+  struct Piece {
+    std::size_t wordBegin, wordEnd, separatorsEnd;
+    std::uint64_t hash;
+  };
+  template <typename Emit>
+  void ConvertPiece(std::u16string_view text, const Piece& piece, Emit& emit);
+  // Converts into converted_ and returns a view of it.
+  std::u16string_view ConvertWord(std::u16string_view word);
+  void AddCandidates(std::u16string_view text, PairBits& candidates) const;
+  bool IsSeparator(char16_t ch) const { return (separators_[ch >> 6] >> (ch & 63)) & 1; }
 
   std::vector<TablePair> pairs_;
-  std::vector<std::uint64_t> pairSignatures_;  // every code unit of the pair's find text
-  std::vector<std::uint16_t> unitSlot_;        // by code unit: index into unitPairBits_, 0 = none
-  std::vector<PairBits> unitPairBits_;         // the pairs whose find text begins with the unit
-  bool isSeparator_[0x80] = {};
+  std::vector<Signature> pairSignatures_;
+  std::vector<std::uint16_t> unitSlot_;  // by code unit: index into unitPairBits_, 0 = none
+  std::vector<PairBits> unitPairBits_;   // the pairs whose find text begins with the unit
+  std::array<std::uint64_t, 1024> separators_{};  // bit per code unit in no find text
   WordMemo remembered_;
   // Remembering pays only when words come back; a text of words seen once stops it.
   bool remembering_ = true;
   std::size_t lookups_ = 0;
   std::size_t hits_ = 0;
-  mutable PairBits candidates_, added_;
+  PairBits candidates_, added_;
+  std::u16string converted_, scratch_;
 };
 
 // The plain meaning of one pair: every non-overlapping occurrence, left to right. An empty
