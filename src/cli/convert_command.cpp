@@ -6,7 +6,15 @@
 // legacy glyph codes) for a legacy encoding; Tace and Stmzh keep their Private Use Area codes in
 // UTF-8, as does any output with a character no Windows-1252 byte shows. A legacy-to-legacy request is made in two runs
 // through Unicode. Word-processor documents go through a document backend chosen by the file's extension.
+//
+// In a document only text in the right fonts is converted, so that an English paragraph beside
+// legacy Tamil text is left alone. The editors cannot list a document's fonts, so the fonts come
+// from the command line, else from the encoding's line of the default-fonts file; kFontHelp
+// below is the rule as the user reads it (`quilom convert --help`). Several --legacy-font fonts
+// are converted one after another, as the window's "Any Font" / "No" answer does. A document run
+// draws one progress bar over all its steps and font passes.
 
+#include <algorithm>
 #include <chrono>
 #include <filesystem>
 #include <ostream>
@@ -33,10 +41,13 @@ using namespace quilom::converter;
 constexpr const char* kName = "convert";
 constexpr std::size_t kProgressBarFrom = 1 << 20;  // bytes of input
 
-// No one to ask: a command-line run converts the whole text in every font.
+// No one to ask: a command-line run converts the whole text, and several named legacy fonts
+// are converted one font after another (the "No" answer to the "Any Font" question).
 class NoQuestionsPrompter final : public Prompter {
  public:
-  PromptAnswer AskYesNoCancel(std::u16string_view) override { return PromptAnswer::Yes; }
+  PromptAnswer AskYesNoCancel(std::u16string_view message) override {
+    return message == kAnyFontQuestion ? PromptAnswer::No : PromptAnswer::Yes;
+  }
   PromptAnswer AskYesNo(std::u16string_view, bool) override { return PromptAnswer::Yes; }
   void Inform(std::u16string_view) override {}
 };
@@ -49,7 +60,9 @@ struct Options {
   bool normalQuotes = true;
   bool irRiReeForm = true;
   bool convertVowelSigns = true;
-  std::u16string font;  // the font given to converted text in documents; "" = the default font
+  bool document = false;
+  std::vector<std::u16string> legacyFonts;  // --legacy-font, in the order given
+  std::u16string unicodeFont;               // --unicode-font (or --font); "" = not named
 };
 
 std::int64_t NowSeconds() {
@@ -68,8 +81,85 @@ std::vector<std::pair<int, int>> Steps(const Options& options) {
   return {{options.from, options.to}};
 }
 
+bool IsAnyFont(std::u16string_view name) { return text::AsciiLower(name) == text::AsciiLower(kAnyFont); }
+
+FontsList AnyFontList() { return FontsList{{std::u16string(kAnyFont), std::u16string(kDefaultFont)}, 0, u""}; }
+
+// With one font the run takes the third row; with more it asks, and NoQuestionsPrompter has it
+// convert each font in turn.
+FontsList FontsToFind(const std::vector<std::u16string>& fonts) {
+  FontsList list = AnyFontList();
+  list.rows.insert(list.rows.end(), fonts.begin(), fonts.end());
+  return list;
+}
+
+FontsList NamedFont(const std::u16string& font) {
+  FontsList list = AnyFontList();
+  list.rows.push_back(font);
+  list.selected = 2;
+  return list;
+}
+
+struct StepFonts {
+  FontsList legacy;
+  FontsList unicode;
+};
+
+// The legacy fonts searched in a document. The fonts a document uses are not known before it is
+// opened, so without --legacy-font only the encoding's default font is searched: text in other
+// fonts (English paragraphs, say) stays as it is. "Any Font" lifts the restriction.
+std::vector<std::u16string> LegacyFindFonts(const Options& options, const std::u16string& defaultFont) {
+  const std::vector<std::u16string> named = options.legacyFonts.empty()
+                                                ? std::vector<std::u16string>{defaultFont}
+                                                : options.legacyFonts;
+  for (const std::u16string& font : named) {
+    if (IsAnyFont(font)) {
+      return {};
+    }
+  }
+  return named;
+}
+
+// The fonts of one step of a document run. `defaultOf` gives the default font of a list position.
+template <typename DefaultOf>
+StepFonts DocumentFonts(const Options& options, int from, int to, bool secondOfTwo, const DefaultOf& defaultOf) {
+  const std::u16string unicodeFont = options.unicodeFont.empty() ? defaultOf(0) : options.unicodeFont;
+  if (to == 0) {
+    return {FontsToFind(LegacyFindFonts(options, defaultOf(from))), NamedFont(unicodeFont)};
+  }
+  // Through Unicode, the second step finds only the text the first step wrote.
+  const bool findNamed = secondOfTwo || !options.unicodeFont.empty();
+  const std::u16string replacement =
+      !secondOfTwo && !options.legacyFonts.empty() ? options.legacyFonts.front() : defaultOf(to);
+  return {NamedFont(replacement), findNamed ? NamedFont(unicodeFont) : AnyFontList()};
+}
+
+// Why the fonts of a document run cannot be chosen, or "".
+std::string DocumentFontsProblem(const Options& options, const std::vector<std::u16string>& defaults) {
+  const auto defaultOf = [&defaults](int position) {
+    return static_cast<std::size_t>(position) < defaults.size() ? defaults[static_cast<std::size_t>(position)] : u"";
+  };
+  if (options.from == 0 && options.legacyFonts.size() > 1) {
+    return "converted text gets one legacy font: give --legacy-font once";
+  }
+  if (options.from == 0 && !options.legacyFonts.empty() && IsAnyFont(options.legacyFonts.front())) {
+    return "converted text needs a real font, not \"Any Font\", for --legacy-font";
+  }
+  const bool needsFromDefault = options.from != 0 && options.legacyFonts.empty();
+  const bool needsToDefault = options.to != 0 && (options.from != 0 || options.legacyFonts.empty());
+  if ((needsFromDefault && defaultOf(options.from).empty()) || (needsToDefault && defaultOf(options.to).empty())) {
+    return "the encoding has no default font in " + text::Utf16ToUtf8(kDefaultFontsFile) +
+           ": name the font with --legacy-font NAME";
+  }
+  return "";
+}
+
+std::vector<std::u16string> LoadDefaultFonts(const std::filesystem::path& folder) {
+  return text::Split(settings::ReadTextFile(folder / std::u16string(kDefaultFontsFile)), text::kCrLf);
+}
+
 std::optional<ConversionRequest> RequestFor(CommandContext& ctx, const EncodingList& list, const Options& options,
-                                            int from, int to) {
+                                            int from, int to, bool secondOfTwo) {
   ConvertSelection selection{list.names[static_cast<std::size_t>(from)],
                              list.names[static_cast<std::size_t>(to)],
                              from,
@@ -92,37 +182,94 @@ std::optional<ConversionRequest> RequestFor(CommandContext& ctx, const EncodingL
     return std::nullopt;
   }
   request.convertVowelSigns = options.convertVowelSigns;
-  const std::vector<std::u16string> defaults =
-      text::Split(settings::ReadTextFile(folder / std::u16string(kDefaultFontsFile)), text::kCrLf);
-  const int legacy = from == 0 ? to : from;
+  if (!options.document) {
+    request.legacyFonts = AnyFontList();  // plain text has no fonts
+    request.unicodeFonts = AnyFontList();
+    return request;
+  }
+  const std::vector<std::u16string> defaults = LoadDefaultFonts(folder);
   const auto defaultOf = [&defaults](int position) {
     return static_cast<std::size_t>(position) < defaults.size() ? defaults[static_cast<std::size_t>(position)] : u"";
   };
-  // Row 1 ("Default Font") unless a font was named, which stands as the list's third row.
-  const auto listFor = [&options](std::u16string defaultFont) {
-    FontsList fonts{{std::u16string(kAnyFont), std::u16string(kDefaultFont)}, 1, std::move(defaultFont)};
-    if (!options.font.empty()) {
-      fonts.rows.push_back(options.font);
-      fonts.selected = 2;
-    }
-    return fonts;
-  };
-  request.legacyFonts = listFor(defaultOf(legacy));
-  request.unicodeFonts = listFor(defaultOf(0));
-  // Text in a document is found in any font; only the converted text gets the chosen font.
-  (request.direction == ConversionDirection::LegacyToUnicode ? request.legacyFonts : request.unicodeFonts) =
-      FontsList{{std::u16string(kAnyFont), std::u16string(kDefaultFont)}, 0, u""};
+  StepFonts fonts = DocumentFonts(options, from, to, secondOfTwo, defaultOf);
+  request.legacyFonts = std::move(fonts.legacy);
+  request.unicodeFonts = std::move(fonts.unicode);
   return request;
 }
 
-bool RunSteps(CommandContext& ctx, const EncodingList& list, const Options& options, DocumentEditor& editor) {
+// Turns the run's progress texts ("NN%", "FONT (NN%)", "100% Completed...") into one bar over
+// every step and every font pass of the request.
+class RunProgress {
+ public:
+  RunProgress(ProgressBar& bar, int steps) : bar_(bar), steps_(steps) {}
+
+  void BeginStep(int step, int passes) {
+    step_ = step;
+    passes_ = std::max(passes, 1);
+    pass_ = 0;
+    font_.clear();
+  }
+
+  void Show(std::u16string_view label) {
+    const std::size_t sign = label.find(u'%');
+    if (sign == std::u16string_view::npos) {
+      return;
+    }
+    if (label.starts_with(u"100% Completed")) {
+      bar_.Update((step_ + 1) * 100 / steps_);
+      return;
+    }
+    std::size_t digits = sign;
+    while (digits > 0 && label[digits - 1] >= u'0' && label[digits - 1] <= u'9') {
+      --digits;
+    }
+    int percent = 0;
+    for (std::size_t i = digits; i < sign; ++i) {
+      percent = std::min(percent * 10 + (label[i] - u'0'), 100);
+    }
+    if (digits >= 2 && label.substr(digits - 2, 2) == u" (") {
+      const std::u16string_view font = label.substr(0, digits - 2);
+      if (!font_.empty() && font != font_ && pass_ + 1 < passes_) {
+        ++pass_;
+      }
+      font_ = font;
+    }
+    const int withinStep = (pass_ * 100 + percent) / passes_;
+    bar_.Update((step_ * 100 + withinStep) / steps_);
+  }
+
+ private:
+  ProgressBar& bar_;
+  int steps_;
+  int step_ = 0;
+  int passes_ = 1;
+  int pass_ = 0;
+  std::u16string font_;
+};
+
+int PassesOf(const ConversionRequest& request) {
+  const std::size_t rows = request.legacyFonts.rows.size();
+  const bool perFont = request.direction == ConversionDirection::LegacyToUnicode &&
+                       request.legacyFonts.selected == 0 && rows >= 4;
+  return perFont ? static_cast<int>(rows - 2) : 1;
+}
+
+bool RunSteps(CommandContext& ctx, const EncodingList& list, const Options& options, DocumentEditor& editor,
+              RunProgress* progress) {
   NoQuestionsPrompter prompter;
-  for (const auto& [from, to] : Steps(options)) {
-    const std::optional<ConversionRequest> request = RequestFor(ctx, list, options, from, to);
+  const std::vector<std::pair<int, int>> steps = Steps(options);
+  for (std::size_t i = 0; i < steps.size(); ++i) {
+    const auto [from, to] = steps[i];
+    const std::optional<ConversionRequest> request = RequestFor(ctx, list, options, from, to, i > 0);
     if (!request) {
       return false;
     }
-    if (RunConversion(*request, editor, prompter, {}, NowSeconds).status != RunStatus::Completed) {
+    ProgressLabel label;
+    if (progress) {
+      progress->BeginStep(static_cast<int>(i), PassesOf(*request));
+      label = [progress](std::u16string_view text) { progress->Show(text); };
+    }
+    if (RunConversion(*request, editor, prompter, label, NowSeconds).status != RunStatus::Completed) {
       ctx.err << "quilom convert: the conversion failed (see the report above)\n";
       return false;
     }
@@ -158,7 +305,7 @@ int ConvertPlainText(CommandContext& ctx, const EncodingList& list, const Option
   if (bytes->size() >= kProgressBarFrom) {
     editor.SetApplyProgress([&bar](int percent) { bar.Update(percent); });
   }
-  if (!RunSteps(ctx, list, options, editor)) {
+  if (!RunSteps(ctx, list, options, editor, nullptr)) {
     return 1;
   }
   const std::u16string& converted = editor.Text();
@@ -193,14 +340,22 @@ int ConvertDocument(CommandContext& ctx, const EncodingList& list, const Options
     ctx.err << "quilom convert: cannot open '" << input << "': " << error << "\n";
     return 1;
   }
-  if (!RunSteps(ctx, list, options, session->Editor())) {
+  ProgressBar bar(ctx, "converting");
+  RunProgress progress(bar, static_cast<int>(Steps(options).size()));
+  if (!RunSteps(ctx, list, options, session->Editor(), &progress)) {
     return 1;
   }
+  bar.Finish();
   if (!session->SaveAs(outputPath, error)) {
     ctx.err << "quilom convert: cannot save '" << output << "': " << error << "\n";
     return 1;
   }
   return 0;
+}
+
+std::string Usage() {
+  return "convert --from ENCODING --to ENCODING [FILE] [-o OUT] [--decorative-quotes] [--plain-ra] "
+         "[--keep-vowel-sign-glyphs] [--legacy-font NAME]... [--unicode-font NAME] [--font NAME] [--help]";
 }
 
 std::optional<Options> ReadOptions(CommandContext& ctx, const ParsedArgs& parsed, const EncodingList& list) {
@@ -233,15 +388,66 @@ std::optional<Options> ReadOptions(CommandContext& ctx, const ParsedArgs& parsed
   options.normalQuotes = !parsed.flags.count("--decorative-quotes");
   options.irRiReeForm = !parsed.flags.count("--plain-ra");
   options.convertVowelSigns = !parsed.flags.count("--keep-vowel-sign-glyphs");
-  if (const auto font = parsed.values.find("--font"); font != parsed.values.end()) {
-    options.font = text::Utf8ToUtf16(font->second);
+  const auto valueOf = [&parsed](const char* option) {
+    const auto given = parsed.values.find(option);
+    return given == parsed.values.end() ? std::u16string() : text::Utf8ToUtf16(given->second);
+  };
+  const std::u16string font = valueOf("--font");
+  options.unicodeFont = valueOf("--unicode-font");
+  if (!font.empty() && !options.unicodeFont.empty() && font != options.unicodeFont) {
+    ctx.err << "quilom convert: --font is another name for --unicode-font; give one font\n";
+    return std::nullopt;
+  }
+  if (options.unicodeFont.empty()) {
+    options.unicodeFont = font;
   }
   return options;
 }
 
+// --legacy-font may be given more than once, which ParseArgs does not keep: take its values out
+// first. An empty value is an error rather than "no restriction", which must be asked for.
+std::optional<std::vector<std::string>> TakeLegacyFonts(CommandContext& ctx, std::vector<std::u16string>& fonts) {
+  std::vector<std::string> rest;
+  for (std::size_t i = 0; i < ctx.args.size(); ++i) {
+    if (ctx.args[i] != "--legacy-font") {
+      rest.push_back(ctx.args[i]);
+    } else if (i + 1 < ctx.args.size() && !ctx.args[i + 1].empty()) {
+      fonts.push_back(text::Utf8ToUtf16(ctx.args[++i]));
+    } else {
+      ctx.err << "quilom convert: option --legacy-font needs a font name\n";
+      return std::nullopt;
+    }
+  }
+  return rest;
+}
+
+constexpr const char* kFontHelp =
+    "Fonts (documents only; plain text has none):\n"
+    "  legacy to Unicode: only text in the --legacy-font fonts is converted (give it once per font;\n"
+    "    each is converted in turn), or, without it, text in the source encoding's default font.\n"
+    "    --legacy-font \"Any Font\" converts text in every font. Converted text gets --unicode-font\n"
+    "    (or --font), else the default Unicode font.\n"
+    "  Unicode to legacy: text in --unicode-font is converted, else text in any font; converted text\n"
+    "    gets --legacy-font (once), else the target encoding's default font.\n"
+    "  legacy to legacy: --legacy-font names the source fonts as above; the text goes through\n"
+    "    --unicode-font (or the default Unicode font) and gets the target encoding's default font.\n";
+
+bool HasFontOptions(const Options& options) {
+  return !options.legacyFonts.empty() || !options.unicodeFont.empty();
+}
+
 int RunConvert(CommandContext& ctx) {
-  const ParsedArgs parsed = ParseArgs(ctx.args, {"--from", "--to", "-o", "--font"},
-                                      {"--decorative-quotes", "--plain-ra", "--keep-vowel-sign-glyphs"});
+  std::vector<std::u16string> legacyFonts;
+  const std::optional<std::vector<std::string>> words = TakeLegacyFonts(ctx, legacyFonts);
+  if (!words) {
+    return 2;
+  }
+  const ParsedArgs parsed = ParseArgs(*words, {"--from", "--to", "-o", "--font", "--unicode-font"},
+                                      {"--decorative-quotes", "--plain-ra", "--keep-vowel-sign-glyphs", "--help"});
+  if (parsed.flags.count("--help")) {
+    ctx.out << "quilom " << Usage() << "\n\n" << kFontHelp;
+    return 0;
+  }
   if (!parsed.error.empty() || parsed.positional.size() > 1) {
     ctx.err << "quilom convert: " << (parsed.error.empty() ? "give at most one input file" : parsed.error) << "\n";
     return 2;
@@ -251,24 +457,35 @@ int RunConvert(CommandContext& ctx) {
     ctx.err << "quilom convert: no encodings list in " << ConverterFolder(ctx).string() << "\n";
     return 1;
   }
-  const std::optional<Options> options = ReadOptions(ctx, parsed, list);
+  std::optional<Options> options = ReadOptions(ctx, parsed, list);
   if (!options) {
     return 2;
   }
+  options->legacyFonts = std::move(legacyFonts);
   const std::string input = parsed.positional.empty() ? "" : parsed.positional[0];
   const std::string output = parsed.values.count("-o") ? parsed.values.at("-o") : "";
-  if (!input.empty() && IsDocumentExtension(DocumentExtension(std::filesystem::u8path(input)))) {
-    return ConvertDocument(ctx, list, *options, input, output);
+  const std::string extension = input.empty() ? "" : DocumentExtension(std::filesystem::u8path(input));
+  options->document = IsDocumentExtension(extension) || FindDocumentBackend(extension) != nullptr;
+  if (!options->document) {
+    if (HasFontOptions(*options)) {
+      ctx.err << "quilom convert: note: plain text has no fonts; --legacy-font, --unicode-font and --font "
+                 "are for documents and are ignored\n";
+    }
+    return ConvertPlainText(ctx, list, *options, input, output);
   }
-  return ConvertPlainText(ctx, list, *options, input, output);
+  const std::string problem = DocumentFontsProblem(*options, LoadDefaultFonts(ConverterFolder(ctx)));
+  if (!problem.empty()) {
+    ctx.err << "quilom convert: " << problem << "\n";
+    return 2;
+  }
+  return ConvertDocument(ctx, list, *options, input, output);
 }
 
 const RegisterCommand registration({
     kName,
-    "convert --from ENCODING --to ENCODING [FILE] [-o OUT] [--decorative-quotes] [--plain-ra] "
-    "[--keep-vowel-sign-glyphs] [--font NAME]",
+    Usage(),
     "Convert text or a document between a legacy Tamil font encoding and Unicode (or between two legacy "
-    "encodings, through Unicode)",
+    "encodings, through Unicode); --help tells which fonts a document run converts",
     RunConvert,
 });
 

@@ -237,7 +237,6 @@ TEST_F(ConvertDocumentFonts, RefusesFontChoicesThatCannotHoldBeforeTouchingTheDo
       {{"--from", "Unicode", "--to", "Bamini", "--legacy-font", "A", "--legacy-font", "B"}, "give --legacy-font once"},
       {{"--from", "Unicode", "--to", "Bamini", "--legacy-font", "Any Font"}, "not \"Any Font\""},
       {{"--from", "Bamini", "--to", "Unicode", "--font", "Latha", "--unicode-font", "Noto"}, "give one font"},
-      {{"--from", "Bamini", "--to", "Unicode", "--legacy-font"}, "--legacy-font needs a font name"},
   };
   for (const Case& c : cases) {
     Log() = {};
@@ -246,6 +245,9 @@ TEST_F(ConvertDocumentFonts, RefusesFontChoicesThatCannotHoldBeforeTouchingTheDo
     EXPECT_NE(run.err.find(c.message), std::string::npos) << run.err;
     EXPECT_EQ(Log().replaceAlls, 0u);
   }
+  const CommandRun noName = Convert({"--from", "Bamini", "--to", "Unicode", "letter.qrec", "-o", "x.qrec", "--legacy-font"});
+  EXPECT_EQ(noName.status, 2);
+  EXPECT_NE(noName.err.find("--legacy-font needs a font name"), std::string::npos) << noName.err;
 }
 
 TEST_F(ConvertDocumentFonts, PlainTextSaysFontsDoNotApplyAndStillConverts) {
