@@ -8,6 +8,7 @@
 #include "shell/win32/launch_options.hpp"
 #include "shell/win32/message_box_reporter.hpp"
 #include "shell/win32/single_instance.hpp"
+#include "settings/win32/system_text_settings.hpp"
 
 namespace quilom::shell::win32 {
 
@@ -20,6 +21,7 @@ int Main(int showCommand) {
     return 0;
   }
   SetErrorReporter(std::make_shared<MessageBoxReporter>());
+  settings::win32::InstallSystemTextSettings();
   // The manifest in the resources selects common controls 6 (visual styles); the classes are
   // registered here, before any window is made.
   INITCOMMONCONTROLSEX controls{sizeof(INITCOMMONCONTROLSEX), ICC_STANDARD_CLASSES | ICC_WIN95_CLASSES};
