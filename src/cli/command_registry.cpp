@@ -58,6 +58,12 @@ int RunQuilom(const std::vector<std::string>& args, std::istream& in, std::ostre
     PrintUsage(err);
     return 2;
   }
+  // Commands that name --help in their usage explain themselves at more length.
+  const bool asksForHelp = i + 2 == args.size() && args[i + 1] == "--help";
+  if (asksForHelp && found->usage.find("--help") == std::string::npos) {
+    out << "usage: quilom " << found->usage << "\n" << found->summary << "\n";
+    return 0;
+  }
   CommandContext context{{args.begin() + static_cast<long>(i) + 1, args.end()}, in, out, err, dataRoot, errIsTerminal};
   try {
     return found->run(context);
