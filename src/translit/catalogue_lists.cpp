@@ -5,6 +5,7 @@
 #include "settings/text_file.hpp"
 #include "settings/text_file_checked.hpp"
 #include "text/strings.hpp"
+#include "translit/keymap_resolution.hpp"
 
 namespace quilom::translit {
 namespace {
@@ -41,14 +42,8 @@ std::u16string ChoiceListName(int n) {
 std::vector<std::u16string> MoveToEntries() { return text::Split(kMoveToEntries, u"|"); }
 
 LfkRow LfkRowOfName(std::u16string_view name) {
-  LfkRow row;
-  const size_t first = name.find(u'-');
-  row.language = std::u16string(name.substr(0, first));
-  if (first == std::u16string_view::npos) return row;
-  const size_t second = name.find(u'-', first + 1);
-  row.encoding = std::u16string(name.substr(first + 1, second - first - 1));
-  if (second != std::u16string_view::npos) row.layout = std::u16string(name.substr(second + 1));
-  return row;
+  LfkName parts = SplitLfkName(name);
+  return LfkRow{std::move(parts.language), std::move(parts.encoding), std::move(parts.layout), {}};
 }
 
 std::optional<LfkRow> ParseLfkLine(std::u16string_view line) {

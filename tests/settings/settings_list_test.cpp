@@ -14,16 +14,8 @@ namespace {
 using testing::ReadBytes;
 using testing::ScopedRecordingReporter;
 using testing::TempFolder;
+using testing::Utf16LeWithMark;
 using testing::WriteBytes;
-
-std::string Utf16LeWithMark(std::u16string_view text) {
-  std::string bytes = "\xFF\xFE";
-  for (char16_t ch : text) {
-    bytes += static_cast<char>(ch & 0xFF);
-    bytes += static_cast<char>(ch >> 8);
-  }
-  return bytes;
-}
 
 TEST(SettingsListOf, ListsKeysOrUntrimmedValuesInFileOrder) {
   const std::u16string text = u"title\r\n`````first\r\n 10 \r\nstray\r\n`````second\r\n20\r\n`````last";

@@ -13,16 +13,8 @@ namespace {
 using testing::ReadBytes;
 using testing::ScopedRecordingReporter;
 using testing::TempFolder;
+using testing::Utf16LeWithMark;
 using testing::WriteBytes;
-
-std::string Utf16LeWithMark(std::u16string_view text) {
-  std::string bytes = "\xFF\xFE";
-  for (char16_t ch : text) {
-    bytes += static_cast<char>(ch & 0xFF);
-    bytes += static_cast<char>(ch >> 8);
-  }
-  return bytes;
-}
 
 class ToolSettingsTest : public ::testing::Test {
  protected:

@@ -35,6 +35,15 @@ void WriteBytes(const std::filesystem::path& file, const std::string& bytes) {
   out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
 }
 
+std::string Utf16LeWithMark(std::u16string_view text) {
+  std::string bytes = "\xFF\xFE";
+  for (char16_t ch : text) {
+    bytes += static_cast<char>(ch & 0xFF);
+    bytes += static_cast<char>(ch >> 8);
+  }
+  return bytes;
+}
+
 std::filesystem::path SourceDataRoot() { return QUILOM_SOURCE_DATA_DIR; }
 
 }  // namespace quilom::testing

@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <string>
+#include <string_view>
 
 namespace quilom::testing {
 
@@ -22,6 +23,9 @@ class TempFolder {
 
 std::string ReadBytes(const std::filesystem::path& file);
 void WriteBytes(const std::filesystem::path& file, const std::string& bytes);
+
+// The bytes of a settings file as the program saves it: the mark FF FE, then UTF-16LE.
+std::string Utf16LeWithMark(std::u16string_view text);
 
 // The source tree's shipped data root ("data/Sorvin").
 std::filesystem::path SourceDataRoot();
