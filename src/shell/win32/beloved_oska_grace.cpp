@@ -1,0 +1,371 @@
+#include "shell/win32/beloved_oska_grace.hpp"
+
+#include <commctrl.h>
+
+#include <algorithm>
+#include <exception>
+#include <string>
+#include <vector>
+
+#include "settings/error_report.hpp"
+#include "translit/catalogue_lists.hpp"
+
+namespace quilom::shell::win32 {
+namespace {
+
+constexpr wchar_t kClassName[] = L"QuilomFloater";
+constexpr wchar_t kCaption[] = L"Quilom++ Floater";
+constexpr std::u16string_view kErrorTag = u"Floater";
+constexpr int kGridId = 101;
+constexpr int kOptionsId = 102;
+constexpr UINT_PTR kForegroundTimer = 1;
+constexpr UINT kForegroundPeriodMs = 250;
+
+std::wstring Wide(std::u16string_view text) { return std::wstring(text.begin(), text.end()); }
+
+std::u16string WindowTitle(HWND window) {
+  if (window == nullptr || !IsWindow(window)) return {};
+  std::wstring title(static_cast<size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
+  title.resize(static_cast<size_t>(GetWindowTextW(window, title.data(), static_cast<int>(title.size()))));
+  return std::u16string(title.begin(), title.end());
+}
+
+void AddColumn(HWND list, int index, const wchar_t* caption, int width) {
+  LVCOLUMNW column{};
+  column.mask = LVCF_TEXT | LVCF_WIDTH;
+  column.pszText = const_cast<wchar_t*>(caption);
+  column.cx = width;
+  ListView_InsertColumn(list, index, &column);
+}
+
+void SetCell(HWND list, int row, int column, std::u16string_view text) {
+  std::wstring wide = Wide(text);
+  if (column == 0) {
+    LVITEMW item{};
+    item.mask = LVIF_TEXT;
+    item.iItem = row;
+    item.pszText = wide.data();
+    ListView_InsertItem(list, &item);
+  } else {
+    ListView_SetItemText(list, row, column, wide.data());
+  }
+}
+
+void RegisterClassOnce(HINSTANCE instance, WNDPROC procedure) {
+  WNDCLASSEXW windowClass{};
+  windowClass.cbSize = sizeof(windowClass);
+  if (GetClassInfoExW(instance, kClassName, &windowClass)) return;
+  windowClass.lpfnWndProc = procedure;
+  windowClass.hInstance = instance;
+  windowClass.hCursor = LoadCursorW(nullptr, IDC_ARROW);
+  windowClass.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1);
+  windowClass.lpszClassName = kClassName;
+  RegisterClassExW(&windowClass);
+}
+
+HFONT MessageFont() {
+  NONCLIENTMETRICSW metrics{};
+  metrics.cbSize = sizeof(metrics);
+  if (SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof(metrics), &metrics, 0)) {
+    return CreateFontIndirectW(&metrics.lfMessageFont);
+  }
+  return nullptr;
+}
+
+}  // namespace
+
+BelovedOskaGrace::BelovedOskaGrace(HINSTANCE instance, TypingHost& host, const settings::DataFolders& folders)
+    : instance_(instance), host_(host), folders_(folders) {}
+
+BelovedOskaGrace::~BelovedOskaGrace() {
+  if (window_ != nullptr) {
+    SavePlacement();
+    SetWindowLongPtrW(window_, GWLP_USERDATA, 0);
+    DestroyWindow(window_);
+  }
+  if (font_ != nullptr) DeleteObject(font_);
+}
+
+bool BelovedOskaGrace::ShowsAtStartup(const settings::DataFolders& folders) {
+  return ReadFloaterSettings(FloaterSettingsPath(folders)).On(FloaterOption::StartWithQuilom);
+}
+
+bool BelovedOskaGrace::Show() {
+  if (window_ == nullptr) {
+    settings_ = ReadFloaterSettings(FloaterSettingsPath(folders_));
+    RegisterClassOnce(instance_, Procedure);
+    constexpr DWORD style = WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_THICKFRAME | WS_MINIMIZEBOX | WS_CLIPCHILDREN;
+    window_ = CreateWindowExW(WS_EX_TOOLWINDOW | WS_EX_CONTROLPARENT, kClassName, kCaption, style, settings_.left,
+                              settings_.top, settings_.width, settings_.height, nullptr, nullptr, instance_, this);
+    if (window_ == nullptr) {
+      ReportError(kErrorTag, ErrorDetails{static_cast<long>(GetLastError()), u"Quilom++", u"The floater was not made"});
+      return false;
+    }
+  }
+  ShowWindow(window_, SW_SHOWNOACTIVATE);
+  return true;
+}
+
+void BelovedOskaGrace::Hide() {
+  if (window_ == nullptr) return;
+  SavePlacement();
+  ShowWindow(window_, SW_HIDE);
+}
+
+bool BelovedOskaGrace::Visible() const { return window_ != nullptr && IsWindowVisible(window_) != FALSE; }
+
+void BelovedOskaGrace::OnTypingChanged(bool typingOn, const std::u16string& activeKeymap) {
+  typingOn_ = typingOn;
+  activeKeymap_ = activeKeymap;
+  if (window_ == nullptr) return;
+  const std::u16string state = typingOn ? u"Typing: " + activeKeymap : u"Typing is OFF";
+  SetWindowTextW(status_, Wide(state).c_str());
+  if (typingOn && settings_.On(FloaterOption::FollowTheTyping)) ShowRowOf(activeKeymap);
+}
+
+void BelovedOskaGrace::OnOfferedKeymapsChanged() {
+  if (window_ != nullptr) FillGrid();
+}
+
+LRESULT CALLBACK BelovedOskaGrace::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
+  if (message == WM_NCCREATE) {
+    auto* created = static_cast<BelovedOskaGrace*>(reinterpret_cast<CREATESTRUCTW*>(lParam)->lpCreateParams);
+    created->window_ = window;
+    SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(created));
+  }
+  auto* self = reinterpret_cast<BelovedOskaGrace*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+  if (self == nullptr) return DefWindowProcW(window, message, wParam, lParam);
+  try {
+    return self->Dispatch(message, wParam, lParam);
+  } catch (const std::exception& error) {
+    const std::string_view what = error.what();
+    ReportError(kErrorTag, ErrorDetails{-1, u"Quilom++", std::u16string(what.begin(), what.end())});
+  } catch (...) {
+    ReportError(kErrorTag, ErrorDetails{-1, u"Quilom++", u"unexpected failure"});
+  }
+  return 0;
+}
+
+LRESULT BelovedOskaGrace::Dispatch(UINT message, WPARAM wParam, LPARAM lParam) {
+  switch (message) {
+    case WM_CREATE:
+      CreateControls();
+      SetTimer(window_, kForegroundTimer, kForegroundPeriodMs, nullptr);
+      return 0;
+    case WM_SIZE:
+      if (wParam != SIZE_MINIMIZED) Layout(LOWORD(lParam), HIWORD(lParam));
+      return 0;
+    case WM_NOTIFY:
+      OnNotify(*reinterpret_cast<const NMHDR*>(lParam));
+      return 0;
+    case WM_TIMER:
+      if (wParam == kForegroundTimer) TrackForeground();
+      return 0;
+    case WM_EXITSIZEMOVE:
+      SavePlacement();
+      return 0;
+    case WM_CLOSE:
+      Hide();
+      return 0;
+    case WM_DESTROY:
+      KillTimer(window_, kForegroundTimer);
+      window_ = nullptr;
+      return 0;
+    default:
+      return DefWindowProcW(window_, message, wParam, lParam);
+  }
+}
+
+void BelovedOskaGrace::CreateControls() {
+  font_ = MessageFont();
+  const auto makeChild = [&](DWORD exStyle, const wchar_t* type, DWORD style, int id, const wchar_t* text) {
+    HWND child = CreateWindowExW(exStyle, type, text, WS_CHILD | WS_VISIBLE | style, 0, 0, 0, 0, window_,
+                                 reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), instance_, nullptr);
+    SendMessageW(child, WM_SETFONT, reinterpret_cast<WPARAM>(font_ ? font_ : GetStockObject(DEFAULT_GUI_FONT)), 0);
+    return child;
+  };
+  guidance_ = makeChild(0, WC_STATICW, 0, 0, Wide(kFloaterGuidance).c_str());
+  grid_ = makeChild(WS_EX_CLIENTEDGE, WC_LISTVIEWW, WS_TABSTOP | LVS_REPORT | LVS_SINGLESEL | LVS_SHOWSELALWAYS,
+                    kGridId, L"");
+  ListView_SetExtendedListViewStyle(grid_, LVS_EX_FULLROWSELECT | LVS_EX_GRIDLINES);
+  options_ = makeChild(WS_EX_CLIENTEDGE, WC_LISTVIEWW, WS_TABSTOP | LVS_REPORT | LVS_NOCOLUMNHEADER | LVS_SINGLESEL,
+                       kOptionsId, L"");
+  ListView_SetExtendedListViewStyle(options_, LVS_EX_CHECKBOXES | LVS_EX_FULLROWSELECT);
+  AddColumn(options_, 0, L"Option", 240);
+  status_ = makeChild(0, WC_STATICW, SS_ENDELLIPSIS, 0, L"Typing is OFF");
+  FillOptions();
+  ApplyLook();
+}
+
+void BelovedOskaGrace::Layout(int width, int height) {
+  const int margin = 6;
+  const int guidanceHeight = 64;
+  const int statusHeight = 18;
+  const int optionRow = 19;
+  const int optionsHeight = optionRow * kFloaterOptionCount + 6;
+  const int inner = std::max(width - 2 * margin, 0);
+  const int gridTop = margin + guidanceHeight;
+  const int gridHeight = std::max(height - gridTop - optionsHeight - statusHeight - 3 * margin, 40);
+  MoveWindow(guidance_, margin, margin, inner, guidanceHeight - margin, TRUE);
+  MoveWindow(grid_, margin, gridTop, inner, gridHeight, TRUE);
+  MoveWindow(options_, margin, gridTop + gridHeight + margin, inner, optionsHeight, TRUE);
+  MoveWindow(status_, margin, height - statusHeight - margin, inner, statusHeight, TRUE);
+  ListView_SetColumnWidth(options_, 0, std::max(inner - 24, 60));
+}
+
+void BelovedOskaGrace::FillOptions() {
+  fillingOptions_ = true;
+  ListView_DeleteAllItems(options_);
+  for (int index = 0; index < kFloaterOptionCount; ++index) {
+    SetCell(options_, index, 0, kFloaterOptionNames[static_cast<size_t>(index)]);
+    ListView_SetCheckState(options_, index, settings_.options[static_cast<size_t>(index)] ? TRUE : FALSE);
+  }
+  fillingOptions_ = false;
+}
+
+void BelovedOskaGrace::BuildColumns() {
+  while (ListView_DeleteColumn(grid_, 0)) {
+  }
+  const FloaterLook look = FloaterLookOf(settings_);
+  int index = 0;
+  if (look.hotkeyColumn) AddColumn(grid_, index++, L"#", 30);
+  if (look.nameColumn) AddColumn(grid_, index++, L"Keymap", 240);
+  if (look.languageColumn) AddColumn(grid_, index++, L"Language", 80);
+  if (look.encodingColumn) AddColumn(grid_, index++, L"Encoding", 80);
+  if (look.keyboardColumn) AddColumn(grid_, index++, L"Keyboard", 150);
+}
+
+void BelovedOskaGrace::FillGrid() {
+  const FloaterLook look = FloaterLookOf(settings_);
+  SendMessageW(grid_, WM_SETREDRAW, FALSE, 0);
+  ListView_DeleteAllItems(grid_);
+  const auto& keymaps = host_.OfferedKeymaps();
+  for (size_t row = 0; row < keymaps.size(); ++row) {
+    const translit::LfkRow parts = translit::LfkRowOfName(keymaps[row]);
+    std::vector<std::u16string> cells;
+    if (look.hotkeyColumn) {
+      const std::string digits = std::to_string(row + 1);
+      cells.emplace_back(digits.begin(), digits.end());
+    }
+    if (look.nameColumn) cells.push_back(keymaps[row]);
+    if (look.languageColumn) cells.push_back(parts.language);
+    if (look.encodingColumn) cells.push_back(parts.encoding);
+    if (look.keyboardColumn) cells.push_back(parts.layout);
+    for (size_t column = 0; column < cells.size(); ++column) {
+      SetCell(grid_, static_cast<int>(row), static_cast<int>(column), cells[column]);
+    }
+  }
+  SendMessageW(grid_, WM_SETREDRAW, TRUE, 0);
+  if (chosenNumber_ > 0 && chosenNumber_ <= static_cast<int>(keymaps.size())) {
+    ListView_SetItemState(grid_, chosenNumber_ - 1, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
+  }
+  if (typingOn_ && look.followTheTyping) ShowRowOf(activeKeymap_);
+}
+
+void BelovedOskaGrace::ApplyLook() {
+  const FloaterLook look = FloaterLookOf(settings_);
+  SetWindowPos(window_, look.alwaysOnTop ? HWND_TOPMOST : HWND_NOTOPMOST, 0, 0, 0, 0,
+               SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+  BuildColumns();
+  FillGrid();
+}
+
+void BelovedOskaGrace::OnNotify(const NMHDR& header) {
+  if (header.hwndFrom == options_ && header.code == LVN_ITEMCHANGED && !fillingOptions_) {
+    const auto& change = reinterpret_cast<const NMLISTVIEW&>(header);
+    const UINT newCheck = change.uNewState & LVIS_STATEIMAGEMASK;
+    const UINT oldCheck = change.uOldState & LVIS_STATEIMAGEMASK;
+    // The state image is 0 while an item is being inserted; only a real flip counts.
+    if ((change.uChanged & LVIF_STATE) && newCheck != oldCheck && oldCheck != 0 && change.iItem >= 0) {
+      OnOptionToggled(change.iItem, ListView_GetCheckState(options_, change.iItem) != FALSE);
+    }
+    return;
+  }
+  if (header.hwndFrom != grid_) return;
+  if (header.code == NM_CLICK || header.code == NM_DBLCLK) {
+    SelectRow(reinterpret_cast<const NMITEMACTIVATE&>(header).iItem);
+  } else if (header.code == NM_RETURN) {
+    SelectRow(ListView_GetNextItem(grid_, -1, LVNI_SELECTED));
+  }
+}
+
+void BelovedOskaGrace::OnOptionToggled(int option, bool on) {
+  if (option < 0 || option >= kFloaterOptionCount) return;
+  if (option == static_cast<int>(FloaterOption::HookTheTypingWindow)) {
+    OnHookToggled(on);
+    return;
+  }
+  settings_.options[static_cast<size_t>(option)] = on;
+  ApplyLook();
+  Save();
+}
+
+void BelovedOskaGrace::OnHookToggled(bool on) {
+  const auto previous = reinterpret_cast<WindowId>(previousForeground_);
+  if (on) {
+    const HookOutcome outcome = HookTypingWindow(host_.Selection(), previous, PreviousTitle());
+    ShowMessage(outcome.message);
+    settings_.Set(FloaterOption::HookTheTypingWindow, outcome.verdict == HookVerdict::Hooked);
+    if (outcome.verdict != HookVerdict::Hooked) {
+      fillingOptions_ = true;
+      ListView_SetCheckState(options_, static_cast<int>(FloaterOption::HookTheTypingWindow), FALSE);
+      fillingOptions_ = false;
+    }
+  } else {
+    settings_.Set(FloaterOption::HookTheTypingWindow, false);
+    const FloaterMessage message = UnhookTypingWindow(host_.Selection(), PreviousTitle());
+    if (!message.text.empty()) ShowMessage(message);
+  }
+}
+
+void BelovedOskaGrace::SelectRow(int row) {
+  const int count = static_cast<int>(host_.OfferedKeymaps().size());
+  if (row < 0 || row >= count) return;
+  chosenNumber_ = row + 1;
+  host_.SetFloaterChosenKeymap(chosenNumber_);
+  host_.SelectKeymapNumber(chosenNumber_, false, false);
+  const WindowId target =
+      AutoFocusTarget(settings_, host_.Selection(), reinterpret_cast<WindowId>(previousForeground_));
+  HWND focus = reinterpret_cast<HWND>(target);
+  if (focus != nullptr && IsWindow(focus)) SetForegroundWindow(focus);
+}
+
+void BelovedOskaGrace::ShowRowOf(const std::u16string& keymap) {
+  const auto& keymaps = host_.OfferedKeymaps();
+  const auto found = std::find(keymaps.begin(), keymaps.end(), keymap);
+  if (found == keymaps.end()) return;
+  const int row = static_cast<int>(found - keymaps.begin());
+  ListView_SetItemState(grid_, -1, 0, LVIS_SELECTED);
+  ListView_SetItemState(grid_, row, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
+  ListView_EnsureVisible(grid_, row, FALSE);
+}
+
+void BelovedOskaGrace::TrackForeground() {
+  HWND front = GetForegroundWindow();
+  if (front == nullptr || front == window_) return;
+  DWORD process = 0;
+  GetWindowThreadProcessId(front, &process);
+  if (process == GetCurrentProcessId()) return;
+  previousForeground_ = front;
+}
+
+std::u16string BelovedOskaGrace::PreviousTitle() const { return WindowTitle(previousForeground_); }
+
+void BelovedOskaGrace::SavePlacement() {
+  if (window_ == nullptr || IsIconic(window_) || !IsWindowVisible(window_)) return;
+  RECT frame{};
+  if (!GetWindowRect(window_, &frame)) return;
+  settings_.left = frame.left;
+  settings_.top = frame.top;
+  settings_.width = frame.right - frame.left;
+  settings_.height = frame.bottom - frame.top;
+  Save();
+}
+
+void BelovedOskaGrace::Save() { WriteFloaterSettings(FloaterSettingsPath(folders_), settings_); }
+
+void BelovedOskaGrace::ShowMessage(const FloaterMessage& message) const {
+  MessageBoxW(window_, Wide(message.text).c_str(), Wide(message.title).c_str(), MB_OK | MB_ICONINFORMATION);
+}
+
+}  // namespace quilom::shell::win32
