@@ -20,5 +20,15 @@ TEST(CompanionWordList, UsesItsOwnListAndFallsBackToTheMainOne) {
   EXPECT_EQ(own.Apply(u"ஆதி"), u"Aadhi");
 }
 
+TEST(CompanionWordList, ShippedListIsItsOwnAndWellFormed) {
+  const auto mainFolder = testing::SourceDataRoot() / "Indic Direct Typer";
+  ASSERT_TRUE(std::filesystem::exists(mainFolder / std::filesystem::path(kCompanionWordListFile)));
+  const auto list = LoadCompanionWordList(mainFolder);
+  EXPECT_TRUE(list.badLines().empty());
+  EXPECT_GE(list.size(), 80u);
+  // A spelling may hold a blank; punctuation beside a word leaves it a whole word.
+  EXPECT_EQ(list.Apply(u"சென்னை, தமிழ்நாடு."), u"Chennai, Tamil Nadu.");
+}
+
 }  // namespace
 }  // namespace quilom::tools
