@@ -35,6 +35,17 @@ class Script:
     def VowelSign(self, name):
         return self.Char("VOWEL SIGN", name)
 
+    def JoiningRanges(self):
+        """The two runs of signs that join the letter before them: the first run of marks in the
+        block (the nasal and visarga signs), and the vowel signs up to the virama."""
+        code = self.block[0]
+        while unicodedata.category(chr(code)) not in ("Mn", "Mc"):
+            code += 1
+        low = code
+        while unicodedata.category(chr(code + 1)) in ("Mn", "Mc"):
+            code += 1
+        return (low, code), (ord(self.VowelSign("AA")), ord(self.Virama()))
+
     def Virama(self):
         return self.Sign("VIRAMA")
 

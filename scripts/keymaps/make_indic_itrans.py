@@ -159,7 +159,7 @@ def Write():
     counts = {}
     for language, script in SCRIPTS.items():
         lfk = language + "-Unicode-PhoneticTransliteration"
-        joining = JoiningLine(False, "", script.block)
+        joining = JoiningLine(False, "", *script.JoiningRanges())
         WriteKeymap(KeymapPath(lfk, CH_FOLDER), lfk + " with chCh on", Entries(language, True),
                     LanguageComments(language) + ["c types the consonant of ca, ch that of Cha."],
                     joining)

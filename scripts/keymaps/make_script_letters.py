@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 """Lists, from the Unicode character database, the letters and signs of each Indic
-language's script, for the test that every one of them can be typed.
+language's script (and Tamil's, for every Tamil scheme), for the test that every one of them can be typed.
 
 Left out: characters with a canonical decomposition (the nukta letters; text holds them as
 base + nukta, which the keymaps type) and the length marks that only occur inside two-part
@@ -12,16 +12,21 @@ import sys
 import unicodedata
 
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
-from indic_scripts import SCRIPTS  # noqa: E402
+from indic_scripts import SCRIPTS, Script  # noqa: E402
 from keymap_io import REPO  # noqa: E402
 
 OUT = os.path.join(REPO, "tests", "translit", "keymaps_script_letters.txt")
 
 
-def Letters(script):
+# Tamil's digits, numbers and signs are typed as they are written, so its list holds them too.
+TAMIL = Script("TAMIL", (0x0B80, 0x0BFF))
+TAMIL_CATEGORIES = ("Lo", "Mn", "Mc", "Nd", "No", "So", "Sc")
+
+
+def Letters(script, categories=("Lo", "Mn", "Mc")):
     for code in range(script.block[0], script.block[1] + 1):
         ch = chr(code)
-        if unicodedata.category(ch) not in ("Lo", "Mn", "Mc"):
+        if unicodedata.category(ch) not in categories:
             continue
         if unicodedata.decomposition(ch) or "LENGTH MARK" in unicodedata.name(ch):
             continue
@@ -34,6 +39,8 @@ def main():
         for language, script in SCRIPTS.items():
             for code, name in Letters(script):
                 f.write("%s\t%04X\t%s\n" % (language, code, name))
+        for code, name in Letters(TAMIL, TAMIL_CATEGORIES):
+            f.write("Tamil\t%04X\t%s\n" % (code, name))
 
 
 if __name__ == "__main__":

@@ -33,11 +33,17 @@ VOWEL_KEYS = {"a": "அ", "q": "ஆ", "s": "இ", "w": "ஈ", "d": "உ", "e": "
 CONSONANT_KEYS = {"h": "க", "b": "ங", "[": "ச", "]": "ஞ", "o": "ட", "p": "ண",
                   "l": "த", ";": "ந", "j": "ப", "k": "ம", "'": "ய", "m": "ர",
                   "n": "ல", "v": "வ", "/": "ழ", "y": "ள", "u": "ற", "i": "ன",
-                  "Q": "ஸ", "W": "ஷ", "E": "ஜ", "R": "ஹ", "T": "க்ஷ"}
+                  "Q": "ஸ", "W": "ஷ", "E": "ஜ", "R": "ஹ", "T": "க்ஷ", "U": "ஶ"}
 PULLI_KEY = "f"
+# U, which the standard leaves free, takes ஶ (encoded after the standard was written) so that
+# every Tamil letter can be typed; it joins vowels and doubles like the other Grantha letters.
 # The standard's sources disagree on which of T and Y gives which; T gives the cluster that
 # takes vowel signs like any consonant, Y the fixed syllable ஸ்ரீ.
 OTHER_KEYS = {"F": AYTHAM, "Y": SRI, PULLI_KEY: PULLI}
+# The signs added to the layout in 2010, on shifted letters that had nothing of their own: the
+# day, month, year, debit, credit, "as above" and rupee signs, the number sign and Om.
+SIGN_KEYS = {"Z": "௳", "X": "௴", "C": "௵", "V": "௶", "B": "௷", "D": "௸",
+             "A": "௹", "S": "௺", "N": "ௐ"}
 # Punctuation displaced by the Tamil letters on ; ' / [ ] moves to shifted keys.
 PUNCTUATION_KEYS = {":": ";", '"': "'", "M": "/", "I": ":", "K": '"', "O": "[", "P": "]"}
 
@@ -47,6 +53,7 @@ def Entries(agaraConfirms=True):
     entries.update(VOWEL_KEYS)
     entries.update(OTHER_KEYS)
     entries.update(PUNCTUATION_KEYS)
+    entries.update(SIGN_KEYS)
     starts = dict(CONSONANT_KEYS)  # keys -> text whose last consonant a vowel may join
     for key, consonant in CONSONANT_KEYS.items():
         starts[key + key] = consonant + PULLI + consonant

@@ -23,7 +23,7 @@ CONSONANTS = [("k", "க"), ("g", "க"), ("ng", "ங"), ("c", "ச"), ("ch", "�
               ("T", "ட"), ("N", "ண"), ("t", "த"), ("th", "த"), ("w", "ந"), ("nh", "ந"),
               ("p", "ப"), ("b", "ப"), ("m", "ம"), ("y", "ய"), ("r", "ர"), ("l", "ல"),
               ("v", "வ"), ("z", "ழ"), ("zh", "ழ"), ("L", "ள"), ("R", "ற"), ("n", "ன"),
-              ("j", "ஜ"), ("sh", "ஷ"), ("s", "ஸ"), ("h", "ஹ"), ("x", "க்ஷ")]
+              ("j", "ஜ"), ("sh", "ஷ"), ("s", "ஸ"), ("S", "ஶ"), ("h", "ஹ"), ("x", "க்ஷ")]
 OTHERS = [("q", "ஃ"), ("sri", "ஸ்ரீ")]
 
 HELP = [
@@ -37,7 +37,8 @@ HELP = [
     "To change a letter, change the text after the blank. |`~`| in a text types a line break.",
     "Lines without the markers, like this one, are notes and are ignored; the first line is the title.",
     "Save the file as text (UTF-8 or Unicode), keep its name, then choose the scheme again to load it.",
-    "If the program reports that the data is not in order, the line it names lacks a blank after its keys.",
+    "If the program reports that the data is not in order, the line it names lacks a blank after its",
+    "keys or has its closing marker before its opening one.",
 ]
 
 

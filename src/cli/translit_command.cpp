@@ -1,5 +1,5 @@
-#include <algorithm>
 #include <memory>
+#include <optional>
 #include <ostream>
 
 #include "cli/cli_io.hpp"
@@ -9,6 +9,8 @@
 #include "tools/auto_transliteration.hpp"
 #include "translit/engine.hpp"
 #include "translit/keymap_file.hpp"
+#include "translit/keymap_resolution.hpp"
+#include "translit/typing_settings.hpp"
 
 namespace quilom::cli {
 namespace {
@@ -23,22 +25,34 @@ std::string InstalledList(const std::vector<std::u16string>& names) {
   return list;
 }
 
-std::shared_ptr<const translit::PhoneticKeymap> LoadKeymap(CommandContext& ctx, const std::u16string& scheme) {
-  const auto folder = settings::DataFolders::ForDataRoot(ctx.dataRoot).keymapFolder;
-  const auto installed = translit::InstalledKeymaps(folder);
-  if (std::find(installed.begin(), installed.end(), scheme) == installed.end()) {
-    ctx.err << "quilom translit: unknown keymap '" << text::Utf16ToUtf8(scheme)
-            << "'. Installed keymaps: " << InstalledList(installed) << "\n";
-    return nullptr;
-  }
+// The keymap the typing window would load for `scheme` under the user's typing settings: the
+// setting-driven variant folders, a user's own phonetic scheme from its ".txt" file, and the
+// engine's typing mode for the scheme's language.
+struct LoadedKeymap {
   std::shared_ptr<const translit::PhoneticKeymap> tables;
+  translit::EngineSettings engine;
+};
+
+std::optional<LoadedKeymap> LoadKeymap(CommandContext& ctx, const std::u16string& scheme) {
+  const auto folders = settings::DataFolders::ForDataRoot(ctx.dataRoot);
+  const auto typing = translit::LoadTypingSettings(folders);
   const auto notify = [&ctx](std::u16string_view message) {
     ctx.err << "quilom translit: " << text::Utf16ToUtf8(message) << "\n";
   };
-  if (translit::LoadPhoneticKeymap(folder, scheme, {}, tables, notify) != translit::LoadOutcome::Loaded) {
-    if (!tables) ctx.err << "quilom translit: cannot load keymap '" << text::Utf16ToUtf8(scheme) << "'\n";
+  LoadedKeymap loaded;
+  switch (translit::LoadKeymapForSettings(folders, typing, scheme, loaded.tables, notify)) {
+    case translit::LoadOutcome::Loaded:
+      loaded.engine = translit::EngineSettingsFor(typing, scheme);
+      return loaded;
+    case translit::LoadOutcome::Missing:
+      ctx.err << "quilom translit: unknown keymap '" << text::Utf16ToUtf8(scheme)
+              << "'. Installed keymaps: " << InstalledList(translit::InstalledKeymaps(folders.keymapFolder)) << "\n";
+      return std::nullopt;
+    case translit::LoadOutcome::Refused:
+      break;
   }
-  return tables;
+  ctx.err << "quilom translit: cannot load keymap '" << text::Utf16ToUtf8(scheme) << "'\n";
+  return std::nullopt;
 }
 
 int RunTranslit(CommandContext& ctx) {
@@ -51,8 +65,8 @@ int RunTranslit(CommandContext& ctx) {
   const auto keymapOption = args.values.find("--keymap");
   const std::u16string scheme =
       keymapOption == args.values.end() ? std::u16string(kDefaultKeymap) : text::Utf8ToUtf16(keymapOption->second);
-  auto tables = LoadKeymap(ctx, scheme);
-  if (!tables) return 1;
+  const auto keymap = LoadKeymap(ctx, scheme);
+  if (!keymap) return 1;
 
   const std::string file = args.positional.empty() ? "" : args.positional[0];
   const auto bytes = ReadInputBytes(ctx, file, kCommand);
@@ -62,7 +76,8 @@ int RunTranslit(CommandContext& ctx) {
 
   translit::NullOutputSink sink;
   translit::Engine engine(sink);
-  engine.SetKeymap(tables);
+  engine.SetKeymap(keymap->tables);
+  engine.SetSettings(keymap->engine);
   ProgressBar bar(ctx, "translit");
   const auto output = tools::AutoTransliterate(input, engine, {}, [&bar](int percent) { bar.Update(percent); });
   bar.Finish();
@@ -72,8 +87,8 @@ int RunTranslit(CommandContext& ctx) {
 const RegisterCommand kRegistration{Command{
     kCommand,
     "translit [--keymap NAME] [FILE]",
-    "type a Latin phonetic text (UTF-8, FILE or standard input) through a keymap; default "
-    "Tamil-Unicode-PhoneticTransliteration",
+    "type a Latin phonetic text (UTF-8, FILE or standard input) through a keymap, as the typing "
+    "settings of the data folder load it; default Tamil-Unicode-PhoneticTransliteration",
     RunTranslit,
 }};
 

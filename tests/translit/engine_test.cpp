@@ -141,22 +141,24 @@ TEST_F(EngineTest, DropAllModeSendsNothingButKeepsTheRecord) {
 constexpr std::u16string_view kJoinWithZwnj = u"<joining>0 200C 0B82-0B83 0BBE-0BCD</joining>";
 constexpr std::u16string_view kJoinOnWithZwj = u"<joining>1 200D 0B82-0B83 0BBE-0BCD</joining>";
 
-TEST_F(EngineTest, PunctuationPairSendsTheJoiningTextFirst) {
-  Use({{u".a", u"P"}, {u"a", u"A"}}, 1, kJoinWithZwnj);
-  engine.SetSettings({1, 1});
-  TypeKeys(engine, u".a");
-  EXPECT_EQ(sink.edits, (std::vector<Edit>{{0, u"."}, {1, u"\u200C."}, {2, u"P"}}));
-  ExpectShown(u"P");
-}
-
-TEST_F(EngineTest, PunctuationRuleNeedsItsSwitchAndModeOne) {
-  for (const auto& [mode, punctuationSwitch] : {std::pair{1, 0}, std::pair{0, 1}}) {
+TEST_F(EngineTest, PunctuationPairSendsTheJoiningTextFirstOnlyInModeOneWithItsSwitch) {
+  struct Row {
+    int mode, punctuationSwitch;
+    std::vector<Edit> edits;
+  };
+  const Row rows[] = {
+      {1, 1, {{0, u"."}, {1, u"\u200C."}, {2, u"P"}}},
+      {1, 0, {{0, u"."}, {1, u"P"}}},
+      {0, 1, {{0, u"."}, {1, u"P"}}},
+  };
+  for (const auto& row : rows) {
     sink.edits.clear();
     sink.screen.clear();
-    Use({{u".a", u"P"}, {u"a", u"A"}}, mode, kJoinWithZwnj);
-    engine.SetSettings({mode, punctuationSwitch});
+    Use({{u".a", u"P"}, {u"a", u"A"}}, row.mode, kJoinWithZwnj);
+    engine.SetSettings({row.mode, row.punctuationSwitch});
     TypeKeys(engine, u".a");
-    EXPECT_EQ(sink.edits, (std::vector<Edit>{{0, u"."}, {1, u"P"}})) << mode << punctuationSwitch;
+    EXPECT_EQ(sink.edits, row.edits) << row.mode << row.punctuationSwitch;
+    ExpectShown(u"P");
   }
 }
 

@@ -17,13 +17,15 @@ namespace {
 
 const std::vector<std::string> kEncodings = {"Bamini", "Tscii", "Tab", "Tam", "Stmzh", "Shreelipi"};
 // Short and long vowels on both sides of their consonants, doubled consonants, ஐ and ஔ.
-const char16_t kWords[] = u"vaNakkam kolai thamizh pEraRignar kaunthi veLLi aRivu kaappiyam puuththa "
-                          u"mozhi theyvam naaLitazh koottam";
+const char16_t kWords[] =
+    u"vaNakkam kolai thamizh pEraRignar kaunthi veLLi aRivu kaappiyam puuththa "
+    u"mozhi theyvam naaLitazh koottam";
 
 std::filesystem::path ConverterFolder() { return SourceDataRoot() / "Tamil Fonts Converter"; }
 
 std::u16string ToLegacy(const std::string& encoding, std::u16string_view unicode) {
-  const auto names = text::Split(settings::ReadTextFile(ConverterFolder() / "QuilomPlus-TamilFontEncodings.txt"), u"\r\n");
+  const auto names =
+      text::Split(settings::ReadTextFile(ConverterFolder() / "QuilomPlus-TamilFontEncodings.txt"), u"\r\n");
   const auto position = std::find(names.begin(), names.end(), text::Utf8ToUtf16(encoding)) - names.begin();
   const auto table = converter::ParseConversionTable(
       settings::ReadTextFile(ConverterFolder() / "tables" / (std::to_string(202 + position) + ".txt")));
@@ -48,12 +50,6 @@ TEST(LegacyEncodingKeymaps, TypeWhatTheConverterMakesOfTheUnicodeText) {
     EXPECT_TRUE(legacy.messages.empty()) << encoding;
     EXPECT_EQ(legacy.Type(kWords), ToLegacy(encoding, expectedUnicode)) << encoding;
   }
-}
-
-TEST(LegacyEncodingKeymaps, TypeTheBaminiCodesOfAWord) {
-  KeymapTypist bamini(u"Tamil-Bamini-PhoneticTransliteration");
-  EXPECT_EQ(bamini.TypeUtf8("vaNakkam"), "tzf;fk;");  // வ ண க ் க ம ்
-  EXPECT_EQ(bamini.TypeUtf8("kolai"), "nfhiy");        // ெ before க, then ா, ை before ல
 }
 
 std::string Windows1252Bytes(std::u16string_view text) {

@@ -42,44 +42,57 @@ TEST(ModifierFile, ShippedFileLoads) {
   EXPECT_TRUE(tables->hasLongOo);
 }
 
-TEST(ModifierFile, ReadsVowelRowsAndSkipsComments) {
-  DataFileProblem problem;
-  const auto t = Parse(File(u"a = அ -\r\n\t# comment\r\naa\t=\tஆ\tா\r\n\r\nai = ஐ ை\r\n", u""), {}, problem);
-  ASSERT_TRUE(t);
-  EXPECT_EQ(t->vowelSignCount, 3);
-  EXPECT_EQ(t->vowelSignMap[1].key, u"a");
-  EXPECT_EQ(t->vowelSignMap[1].sign, u"");
-  EXPECT_EQ(t->vowelSignMap[2].vowel, u"ஆ");
-  EXPECT_EQ(t->vowelSignMap[2].sign, u"ா");
-  EXPECT_EQ(t->maxVowelKeyLength, 2);
-  EXPECT_EQ(t->modifierChar, u'~');
+// The keys of the vowel rows loaded, blank-separated.
+std::u16string VowelKeys(const ModifierTables& t) {
+  std::u16string keys;
+  for (int i = 1; i <= t.vowelSignCount; ++i) keys += (i > 1 ? u" " : u"") + t.vowelSignMap[i].key;
+  return keys;
 }
 
-TEST(ModifierFile, LongRowsStayCommentsUnlessTheOptionIsOn) {
-  const std::u16string text = File(u"a = அ -\r\n#ee = ஈ ீ\r\n#oo = ஊ ூ\r\n#w = ஔ ௌ\r\n", u"");
+TEST(ModifierFile, ReadsTheVowelRowsTheOptionsAskFor) {
+  const std::u16string longRows = File(u"a = அ -\r\n#ee = ஈ ீ\r\n#oo = ஊ ூ\r\n#w = ஔ ௌ\r\n", u"கஆ~ = கா\r\n");
+  struct Row {
+    const char* what;
+    std::u16string text;
+    ModifierLoadOptions options;
+    std::u16string keys;
+    bool longEe, longOo;
+  };
+  const Row rows[] = {
+      {"tabs, comments, blank lines",
+       File(u"a = அ -\r\n\t# c\r\naa\t=\tஆ\tா\r\n\r\nai = ஐ ை\r\n", u""),
+       {},
+       u"a aa ai",
+       false,
+       false},
+      {"long rows stay comments", longRows, {}, u"a", false, false},
+      {"long rows switched on", longRows, {true, true, true}, u"a ee oo w", true, true},
+      {"vowel switch off", longRows, {false, true, true}, u"", false, false},
+      {"no <Maps> line",
+       u"a = அ -\r\ni = இ ி\r\n<ModifierCharacter>\r\n~\r\n<Mods>\r\n<ExtendMods>\r\n0",
+       {},
+       u"a i",
+       false,
+       false},
+  };
+  for (const auto& row : rows) {
+    DataFileProblem problem;
+    const auto t = Parse(row.text, row.options, problem);
+    ASSERT_TRUE(t) << row.what;
+    EXPECT_EQ(VowelKeys(*t), row.keys) << row.what;
+    EXPECT_EQ(t->hasLongEe, row.longEe) << row.what;
+    EXPECT_EQ(t->hasLongOo, row.longOo) << row.what;
+    EXPECT_EQ(t->modifierChar, u'~') << row.what;
+  }
   DataFileProblem problem;
-  const auto off = Parse(text, {}, problem);
-  ASSERT_TRUE(off);
-  EXPECT_EQ(off->vowelSignCount, 1);
-  EXPECT_FALSE(off->hasLongEe);
-  EXPECT_FALSE(off->hasLongOo);
-  const auto on = Parse(text, {true, true, true}, problem);
-  ASSERT_TRUE(on);
-  EXPECT_EQ(on->vowelSignCount, 4);
-  EXPECT_TRUE(on->hasLongEe);
-  EXPECT_TRUE(on->hasLongOo);
-  EXPECT_EQ(on->vowelSignMap[4].key, u"w");
-}
-
-TEST(ModifierFile, SwitchesOffLeaveTheirTablesEmpty) {
-  const std::u16string text = File(u"a = அ -\r\n", u"கஆ~ = கா\r\n", u"1");
-  DataFileProblem problem;
-  const auto t = Parse(text, {false, false, false}, problem);
-  ASSERT_TRUE(t);
-  EXPECT_EQ(t->vowelSignCount, 0);
-  EXPECT_EQ(t->PairCount(kKaColumn), 0);
-  EXPECT_EQ(t->Cell(0, kKaColumn), u"0");
-  EXPECT_EQ(t->extendModsMode, 1);
+  const auto signs = Parse(rows[0].text, {}, problem);
+  EXPECT_EQ(signs->vowelSignMap[1].sign, u"");
+  EXPECT_EQ(signs->vowelSignMap[2].vowel, u"ஆ");
+  EXPECT_EQ(signs->vowelSignMap[2].sign, u"ா");
+  EXPECT_EQ(signs->maxVowelKeyLength, 2);
+  const auto modsOff = Parse(longRows, {true, false, false}, problem);
+  EXPECT_EQ(modsOff->PairCount(kKaColumn), 0);
+  EXPECT_EQ(modsOff->Cell(0, kKaColumn), u"0");
 }
 
 TEST(ModifierFile, ModeOneAppendsOneShorterPairPerConsonantPair) {
@@ -99,13 +112,6 @@ TEST(ModifierFile, ModeOneAppendsOneShorterPairPerConsonantPair) {
   EXPECT_EQ(derived->Replacement(kKa, 4), u"க");
   // அ is not a consonant: its pair is not derived.
   EXPECT_EQ(derived->PairCount(0x0B85 - ModifierTables::kFirstColumnCode), 1);
-}
-
-TEST(ModifierFile, MissingMapsMarkerReadsVowelRowsFromTheTop) {
-  DataFileProblem problem;
-  const auto t = Parse(u"a = அ -\r\ni = இ ி\r\n<ModifierCharacter>\r\n~\r\n<Mods>\r\n<ExtendMods>\r\n0", {}, problem);
-  ASSERT_TRUE(t);
-  EXPECT_EQ(t->vowelSignCount, 2);
 }
 
 std::u16string Repeat(std::u16string_view row, int times) {

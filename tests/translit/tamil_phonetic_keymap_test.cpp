@@ -4,7 +4,9 @@
 #include <set>
 
 #include "settings/data_folders.hpp"
+#include "settings/text_file.hpp"
 #include "support/temp_folder.hpp"
+#include "text/strings.hpp"
 #include "translit/engine.hpp"
 #include "translit/keymap_file.hpp"
 #include "translit/recording_output_sink.hpp"
@@ -165,6 +167,35 @@ TEST_F(TamilPhoneticKeymapTest, DeadConsonantFollowedBySyllableJoinsOnlyAtKnownS
   std::string found;
   for (const auto& j : joins) found += text::Utf16ToUtf8(j) + " ";
   EXPECT_EQ(joins, knownJoins) << found;
+}
+
+// The scheme users edit carries its own help; doing what the help says must work.
+TEST(UserDefinedPhoneticsKeymap, EditsMadeAsItsHelpSaysTypeAsPromised) {
+  const auto folder = settings::DataFolders::ForDataRoot(testing::SourceDataRoot()).keymapFolder;
+  std::u16string text = settings::ReadTextFile(PhoneticKeymapPath(folder, u"Tamil-Unicode-UserDefinedPhonetics1"));
+  ASSERT_NE(text.find(u"HOW TO EDIT THIS KEYMAP"), std::u16string::npos);
+  // A changed letter, a copied line with new keys, a line break in a text.
+  constexpr std::u16string_view kZha = u"<om>z ழ்</om>";
+  const size_t z = text.find(kZha);
+  ASSERT_NE(z, std::u16string::npos);
+  text.replace(z, kZha.size(), u"<om>z ள்</om>");
+  text += u"<om>kha கா</om>\r\n<om>nl அ|`~`|ஆ</om>\r\n";
+  DataFileProblem problem;
+  auto map = ParsePhoneticKeymap(text, {}, *settings::Windows1252(), problem);
+  ASSERT_TRUE(map) << text::Utf16ToUtf8(problem.reason);
+  auto tables = std::make_shared<const PhoneticKeymap>(std::move(*map));
+  RecordingOutputSink sink;
+  Engine engine(sink);
+  engine.SetKeymap(tables);
+  const std::pair<std::u16string_view, std::u16string_view> rows[] = {
+      {u"kha", u"கா"}, {u"kaa", u"கா"}, {u"z", u"ள்"}, {u"zi", u"ழி"}, {u"nl", u"அ\nஆ"}, {u"vaNakkam", u"வணக்கம்"}};
+  for (const auto& [keys, expected] : rows) {
+    engine.Reset();
+    TypeKeys(engine, keys);
+    EXPECT_EQ(engine.CurrentOutput(), expected) << text::Utf16ToUtf8(keys);
+  }
+  // The help's notes are not entries: every entry line is one of the file's marked lines.
+  EXPECT_EQ(tables->EntryCount(), static_cast<int>(text::Split(text, u"<om>").size()) - 1);
 }
 
 }  // namespace
