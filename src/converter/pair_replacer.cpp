@@ -32,6 +32,31 @@ void ReplaceInto(std::u16string_view text, std::u16string_view find, std::u16str
   out.append(text.data() + start, text.size() - start);
 }
 
+// The converted text, grown as needed; most pieces are a few units, which a plain loop copies
+// faster than a call into the library.
+class OutputBuffer {
+ public:
+  explicit OutputBuffer(std::size_t expected) : text_(expected, u'\0') {}
+  void Append(std::u16string_view units) {
+    if (used_ + units.size() > text_.size()) text_.resize(std::max(text_.size() * 2, used_ + units.size()));
+    char16_t* out = text_.data() + used_;
+    if (units.size() <= 16) {
+      for (const char16_t unit : units) *out++ = unit;
+    } else {
+      std::memcpy(out, units.data(), units.size() * sizeof(char16_t));
+    }
+    used_ += units.size();
+  }
+  std::u16string Take() {
+    text_.resize(used_);
+    return std::move(text_);
+  }
+
+ private:
+  std::u16string text_;
+  std::size_t used_ = 0;
+};
+
 }  // namespace
 
 std::uint64_t WordMemo::Hash(std::u16string_view word) {
@@ -114,6 +139,56 @@ void WordMemo::Clear() {
   slots_ = {};
   arena_ = {};
   count_ = 0;
+  packedEntries_ = {};
+  packedShift_ = 64;
+  packedResults_ = {};
+  packedCount_ = 0;
+}
+
+std::uint64_t WordMemo::PackedKey(std::u16string_view word) {
+  if (word.empty() || word.size() > kPackedUnits) return 0;
+  std::uint64_t key = 0;
+  for (const char16_t unit : word) {
+    if (unit == 0) return 0;
+    key = key << 16 | unit;
+  }
+  return key;
+}
+
+std::optional<std::u16string_view> WordMemo::FindPacked(std::uint64_t key) const {
+  if (packedEntries_.empty()) return std::nullopt;
+  const std::size_t mask = packedEntries_.size() - 1;
+  for (std::size_t at = PackedHome(key);; at = (at + 1) & mask) {
+    const PackedEntry& entry = packedEntries_[at];
+    if (entry.key == key) return std::u16string_view(packedResults_.data() + entry.offset, entry.length);
+    if (entry.key == 0) return std::nullopt;
+  }
+}
+
+void WordMemo::InsertPacked(std::uint64_t key, std::u16string_view converted) {
+  if (packedResults_.size() + converted.size() > 0xFFFFFFFFu) return;
+  if ((packedCount_ + 1) * 2 > packedEntries_.size()) GrowPacked();
+  const std::size_t mask = packedEntries_.size() - 1;
+  std::size_t at = PackedHome(key);
+  while (packedEntries_[at].key != 0) at = (at + 1) & mask;
+  packedEntries_[at] = {key, static_cast<std::uint32_t>(packedResults_.size()),
+                        static_cast<std::uint32_t>(converted.size())};
+  packedResults_.append(converted);
+  ++packedCount_;
+}
+
+void WordMemo::GrowPacked() {
+  std::vector<PackedEntry> old = std::move(packedEntries_);
+  const std::size_t size = std::max<std::size_t>(old.size() * 2, 1024);
+  packedEntries_.assign(size, PackedEntry{});
+  packedShift_ = 64 - std::countr_zero(size);
+  const std::size_t mask = size - 1;
+  for (const PackedEntry& entry : old) {
+    if (entry.key == 0) continue;
+    std::size_t at = PackedHome(entry.key);
+    while (packedEntries_[at].key != 0) at = (at + 1) & mask;
+    packedEntries_[at] = entry;
+  }
 }
 
 std::u16string ReplaceEveryOccurrence(std::u16string_view text, std::u16string_view find,
@@ -132,11 +207,10 @@ PairReplacer::Signature PairReplacer::SignatureOf(std::u16string_view text) {
 }
 
 PairReplacer::PairReplacer(std::vector<TablePair> pairs)
-    : pairs_(std::move(pairs)), unitSlot_(0x10000, 0), unitPairBits_(1) {
+    : pairs_(std::move(pairs)), unitSlot_(0x10000, 0), unitPairBits_(1), unitClass_(0x10000, 0) {
   const std::size_t words = (pairs_.size() + 63) / 64;
   candidates_.assign(words, 0);
   added_.assign(words, 0);
-  separators_.fill(~std::uint64_t{0});
   pairSignatures_.resize(pairs_.size());
   for (std::size_t i = 0; i < pairs_.size(); ++i) {
     const std::u16string& find = pairs_[i].find;
@@ -150,8 +224,59 @@ PairReplacer::PairReplacer(std::vector<TablePair> pairs)
       unitPairBits_.emplace_back(words, 0);
     }
     unitPairBits_[slot][i / 64] |= std::uint64_t{1} << (i % 64);
-    for (const char16_t unit : find) separators_[unit >> 6] &= ~(std::uint64_t{1} << (unit & 63));
+    if (find.find(u'\0') != std::u16string::npos) packable_ = false;
+    for (const char16_t unit : find) {
+      if (unitClass_[unit] == 0) unitClass_[unit] = static_cast<std::uint16_t>(classCount_++);
+    }
   }
+  FindSafeCuts();
+}
+
+// Walks the table backwards keeping `spanned`: the two classes a cut may hold at pair i for
+// the cut to be spanned by pair i or a later one. Pair i adds the two units side by side in
+// its find text; a cut whose left unit ends its find text, since a match ending there leaves
+// the replacement's last unit in its place (and nothing, when the replacement is empty, which
+// brings units from further left); likewise on the right with the find's first unit; and both
+// at once. What replaces a unit is judged by the set after the pair, so every mark is worked
+// out before any is made.
+void PairReplacer::FindSafeCuts() {
+  // A table over the whole code space would not fit; so many units in find texts are not a
+  // conversion table, and they convert correctly without cuts inside words.
+  constexpr std::size_t kMostClasses = 4096;
+  if (classCount_ > kMostClasses) {
+    for (std::uint16_t& unitClass : unitClass_) unitClass = unitClass == 0 ? 0 : 1;
+    classCount_ = 2;
+    safeCuts_.assign(2, 0);
+    return;
+  }
+  const std::size_t classes = classCount_;
+  classWords_ = (classes + 63) / 64;
+  std::vector<std::uint64_t> spanned(classes * classWords_, 0);
+  const auto isSpanned = [&](std::size_t before, std::size_t after) {
+    return (spanned[before * classWords_ + after / 64] >> (after % 64)) & 1;
+  };
+  const auto classOf = [&](char16_t unit) { return std::size_t{unitClass_[unit]}; };
+  std::vector<std::pair<std::size_t, std::size_t>> marks;
+  for (std::size_t i = pairs_.size(); i-- > 0;) {
+    const TablePair& pair = pairs_[i];
+    if (pair.find.empty()) continue;
+    marks.clear();
+    const std::size_t first = classOf(pair.find.front()), last = classOf(pair.find.back());
+    const bool empties = pair.replacement.empty();
+    const std::size_t newFirst = empties ? 0 : classOf(pair.replacement.front());
+    const std::size_t newLast = empties ? 0 : classOf(pair.replacement.back());
+    for (std::size_t other = 1; other < classes; ++other) {
+      if (empties || isSpanned(newLast, other)) marks.emplace_back(last, other);
+      if (empties || isSpanned(other, newFirst)) marks.emplace_back(other, first);
+    }
+    if (empties || isSpanned(newLast, newFirst)) marks.emplace_back(last, first);
+    for (std::size_t at = 1; at < pair.find.size(); ++at) {
+      marks.emplace_back(classOf(pair.find[at - 1]), classOf(pair.find[at]));
+    }
+    for (const auto& [before, after] : marks) spanned[before * classWords_ + after / 64] |= std::uint64_t{1} << (after % 64);
+  }
+  safeCuts_.resize(spanned.size());
+  for (std::size_t at = 0; at < spanned.size(); ++at) safeCuts_[at] = ~spanned[at];
 }
 
 void PairReplacer::AddCandidates(std::u16string_view text, PairBits& candidates) const {
@@ -197,71 +322,70 @@ std::u16string_view PairReplacer::ConvertWord(std::u16string_view word) {
   return converted_;
 }
 
-template <typename Emit>
-void PairReplacer::ConvertPiece(std::u16string_view text, const Piece& piece, Emit& emit) {
-  const std::u16string_view word = text.substr(piece.wordBegin, piece.wordEnd - piece.wordBegin);
-  if (!word.empty()) {
-    if (!remembering_) {
-      emit(ConvertWord(word));
-    } else {
-      ++lookups_;
-      if (const std::optional<std::u16string_view> known = remembered_.Find(word, piece.hash)) {
-        ++hits_;
-        emit(*known);
-      } else {
-        const std::u16string_view converted = ConvertWord(word);
-        emit(converted);
-        remembered_.Insert(word, piece.hash, converted);
-        if ((lookups_ == kRememberTrial && hits_ * 2 < lookups_) || remembered_.Size() >= kMaxRememberedWords) {
-          remembering_ = false;
-          remembered_.Clear();
-        }
-      }
-    }
+template <typename Output>
+void PairReplacer::ConvertPiece(std::u16string_view piece, std::uint64_t key, Output& out) {
+  if (!remembering_) {
+    out.Append(ConvertWord(piece));
+    return;
   }
-  emit(text.substr(piece.wordEnd, piece.separatorsEnd - piece.wordEnd));
+  ++lookups_;
+  const std::uint64_t hash = key != 0 ? 0 : WordMemo::Hash(piece);
+  const std::optional<std::u16string_view> known =
+      key != 0 ? remembered_.FindPacked(key) : remembered_.Find(piece, hash);
+  if (known) {
+    ++hits_;
+    out.Append(*known);
+    return;
+  }
+  const std::u16string_view converted = ConvertWord(piece);
+  out.Append(converted);
+  if (key != 0) {
+    remembered_.InsertPacked(key, converted);
+  } else {
+    remembered_.Insert(piece, hash, converted);
+  }
+  if ((lookups_ == kRememberTrial && hits_ * 2 < lookups_) || remembered_.Size() >= kMaxRememberedWords) {
+    remembering_ = false;
+    remembered_.Clear();
+  }
 }
 
 std::u16string PairReplacer::Apply(std::u16string_view text, const std::function<void(int)>& progress) {
-  std::u16string result;
-  result.resize(text.size() + text.size() / 2 + 16);
-  std::size_t used = 0;
-  const auto emit = [&result, &used](std::u16string_view units) {
-    if (used + units.size() > result.size()) {
-      result.resize(std::max(result.size() * 2, used + units.size()));
-    }
-    char16_t* out = result.data() + used;
-    // Most pieces are a few units: a plain loop beats a call into the library.
-    if (units.size() <= 16) {
-      for (const char16_t unit : units) *out++ = unit;
-    } else {
-      std::memcpy(out, units.data(), units.size() * sizeof(char16_t));
-    }
-    used += units.size();
-  };
+  OutputBuffer out(text.size() + text.size() / 2 + 16);
   const std::size_t step = std::max<std::size_t>(text.size() / 100, 1 << 16);
   std::size_t nextReport = step;
-  std::size_t start = 0;
-  while (start < text.size()) {
-    Piece piece{start, start, start, 0};
-    while (piece.wordEnd < text.size() && !IsSeparator(text[piece.wordEnd])) ++piece.wordEnd;
-    piece.separatorsEnd = piece.wordEnd;
-    while (piece.separatorsEnd < text.size() && IsSeparator(text[piece.separatorsEnd])) ++piece.separatorsEnd;
-    if (remembering_) {
-      piece.hash = WordMemo::Hash(text.substr(piece.wordBegin, piece.wordEnd - piece.wordBegin));
+  const std::uint16_t* classes = unitClass_.data();
+  const std::size_t size = text.size();
+  std::size_t at = 0;
+  while (at < size) {
+    std::uint16_t before = classes[text[at]];
+    if (before == 0) {
+      const std::size_t separatorsBegin = at;
+      while (++at < size && classes[text[at]] == 0) {
+      }
+      out.Append(text.substr(separatorsBegin, at - separatorsBegin));
+    } else {
+      // The piece's units, packed as they are read, for the remembered pieces' key.
+      const std::size_t pieceBegin = at;
+      std::uint64_t key = text[at];
+      while (++at < size) {
+        const std::uint16_t after = classes[text[at]];
+        if (after == 0 || CutsBetween(before, after)) break;
+        key = key << 16 | text[at];
+        before = after;
+      }
+      const std::size_t length = at - pieceBegin;
+      ConvertPiece(text.substr(pieceBegin, length), packable_ && length <= WordMemo::kPackedUnits ? key : 0, out);
     }
-    ConvertPiece(text, piece, emit);
-    start = piece.separatorsEnd;
-    if (progress && start >= nextReport) {
-      progress(static_cast<int>(start * 100 / text.size()));
-      nextReport = start + step;
+    if (progress && at >= nextReport) {
+      progress(static_cast<int>(at * 100 / size));
+      nextReport = at + step;
     }
   }
-  result.resize(used);
   if (progress) {
     progress(100);
   }
-  return result;
+  return out.Take();
 }
 
 }  // namespace quilom::converter

@@ -21,10 +21,18 @@
 //   resumes at or before s and so finds exactly B's matches. The output is then
 //   "A' s B'", s still in place, and the argument repeats for every later pair, even where a
 //   replacement put new separators inside a word.
-// The words of a real text repeat: each distinct word is converted once and remembered. Within
-// a word only the pairs whose find text begins with a unit the word holds are tried, in table
-// order, and a pair is searched for only when every unit and every adjacent two units of its
-// find text are present. The cost is linear in the text.
+// Words split further between two units that no find text, of this pair or any later one,
+// holds side by side, as long as no pair can turn them into two that one does. A pair changes
+// the unit before the cut only by a match ending there and the unit after it only by a match
+// starting there, so the table, walked backwards, tells for every two units whether a cut
+// between them can ever be spanned; pairs that could empty a piece make its cuts unsafe. A cut
+// that no match spans divides the text as a separator does. In legacy text only a glyph written
+// before its consonant binds the two, in Unicode text a sign binds to its consonant, so pieces
+// are a syllable or a few.
+// The pieces of a real text repeat: each distinct piece is converted once and remembered.
+// Within a piece only the pairs whose find text begins with a unit the piece holds are tried,
+// in table order, and a pair is searched for only when every unit and every adjacent two units
+// of its find text are present. The cost is linear in the text.
 namespace quilom::converter {
 
 // Converted words by their source text: open addressing over one array, looked up by view with
@@ -36,11 +44,21 @@ class WordMemo {
   // The remembered result, or nothing. `hash` must be Hash(word).
   std::optional<std::u16string_view> Find(std::u16string_view word, std::uint64_t hash) const;
   void Insert(std::u16string_view word, std::uint64_t hash, std::u16string_view converted);
-  std::size_t Size() const { return count_; }
+  // Words of one to four units, none of them U+0000, packed into a key (PackedKey): the pieces
+  // of most texts are such words, and their key is their whole text, so a lookup reads one slot.
+  static constexpr std::size_t kPackedUnits = 4;
+  static std::uint64_t PackedKey(std::u16string_view word);
+  std::optional<std::u16string_view> FindPacked(std::uint64_t key) const;
+  void InsertPacked(std::uint64_t key, std::u16string_view converted);
+  std::size_t Size() const { return count_ + packedCount_; }
   void Clear();
 
  private:
   void Grow();
+  void GrowPacked();
+  std::size_t PackedHome(std::uint64_t key) const {
+    return static_cast<std::size_t>((key * 0x9E3779B97F4A7C15ull) >> packedShift_);
+  }
 
   // A slot keeps part of the hash and the word's length beside the place of the word, so a
   // probe that misses never leaves the slot array; words and results lie one after the other
@@ -52,6 +70,16 @@ class WordMemo {
   std::vector<Slot> slots_;
   std::u16string arena_;
   std::size_t count_ = 0;
+  // Key 0 marks a free slot; results lie in their own arena.
+  struct PackedEntry {
+    std::uint64_t key = 0;
+    std::uint32_t offset = 0;
+    std::uint32_t length = 0;
+  };
+  std::vector<PackedEntry> packedEntries_;
+  int packedShift_ = 64;
+  std::u16string packedResults_;
+  std::size_t packedCount_ = 0;
 };
 
 class PairReplacer {
@@ -77,23 +105,26 @@ class PairReplacer {
   };
   static Signature SignatureOf(std::u16string_view text);
 
-  // One word and the separators after it, with the word's hash when remembering.
-  struct Piece {
-    std::size_t wordBegin, wordEnd, separatorsEnd;
-    std::uint64_t hash;
-  };
-  template <typename Emit>
-  void ConvertPiece(std::u16string_view text, const Piece& piece, Emit& emit);
+  // `key` is the piece's WordMemo::PackedKey, or 0 to look it up by its hash.
+  template <typename Output>
+  void ConvertPiece(std::u16string_view piece, std::uint64_t key, Output& out);
+  void FindSafeCuts();
+  bool CutsBetween(std::uint16_t before, std::uint16_t after) const {
+    return (safeCuts_[before * classWords_ + after / 64] >> (after % 64)) & 1;
+  }
   // Converts into converted_ and returns a view of it.
   std::u16string_view ConvertWord(std::u16string_view word);
   void AddCandidates(std::u16string_view text, PairBits& candidates) const;
-  bool IsSeparator(char16_t ch) const { return (separators_[ch >> 6] >> (ch & 63)) & 1; }
 
   std::vector<TablePair> pairs_;
   std::vector<Signature> pairSignatures_;
   std::vector<std::uint16_t> unitSlot_;  // by code unit: index into unitPairBits_, 0 = none
   std::vector<PairBits> unitPairBits_;   // the pairs whose find text begins with the unit
-  std::array<std::uint64_t, 1024> separators_{};  // bit per code unit in no find text
+  // Units of the find texts get classes 1.., every other unit class 0 (a separator).
+  std::vector<std::uint16_t> unitClass_;
+  std::size_t classCount_ = 1, classWords_ = 1;
+  std::vector<std::uint64_t> safeCuts_;  // bit [before][after]: no match ever spans the two
+  bool packable_ = true;                 // no find text holds U+0000, so keys are unambiguous
   WordMemo remembered_;
   // Remembering pays only when words come back; a text of words seen once stops it.
   bool remembering_ = true;
