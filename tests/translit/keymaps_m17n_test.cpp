@@ -20,7 +20,7 @@ struct Difference {
   std::string reason;
 };
 
-const std::string kAutoPulliPairs = "(hh|bb|\\[\\[|\\]\\]|oo|pp|ll|;;|jj|kk|''|mm|nn|vv|//|yy|uu|ii|QQ|WW|EE|RR|TT|bh|\\]\\[|;l|po|kj|iu)";
+const std::string kAutoPulliPairs = "(hh|bb|\\[\\[|\\]\\]|oo|pp|ll|;;|jj|kk|''|mm|nn|vv|//|yy|uu|ii|QQ|WW|EE|RR|TT|UU|bh|\\]\\[|;l|po|kj|iu)";
 const std::vector<std::string> kDevanagari = {"itrans_hindi", "itrans_sanskrit", "itrans_marathi"};
 
 const std::vector<Difference>& Differences() {

@@ -171,7 +171,7 @@ def RandomTamil99Keys(count):
     rng = random.Random(1999)
     consonants = list(make_tamil99.CONSONANT_KEYS)
     vowels = list(make_tamil99.VOWEL_KEYS)
-    pool = consonants * 3 + vowels * 2 + ["f", "a", "a", "F", "Y"]
+    pool = consonants * 3 + vowels * 2 + ["f", "a", "a", "F", "Y"] + list(make_tamil99.SIGN_KEYS)
     pairs = [k + k for k in consonants] + ["bh", "][", ";l", "po", "kj", "iu"]
     lists = []
     for _ in range(count):
