@@ -2,6 +2,7 @@
 
 #include "converter/win32/converter_window.hpp"
 #include "tools/win32/tool_windows.hpp"
+#include "translit/win32/settings_windows.hpp"
 
 namespace quilom::shell::win32 {
 namespace {
@@ -14,6 +15,9 @@ constexpr AppWindowEntry kEntries[] = {
     {AppWindow::AutoTransliteratorSideBySide, AppMenu::Tools, L"Auto Transliterator (side &by side)..."},
     {AppWindow::UrlNormalizer, AppMenu::Tools, L"&URL Normalizer..."},
     {AppWindow::StartupLink, AppMenu::Settings, L"Start with &Windows..."},
+    {AppWindow::TypingSettings, AppMenu::Settings, L"&Typing Settings..."},
+    {AppWindow::TypingSettingsMore, AppMenu::Settings, L"&More Typing Settings..."},
+    {AppWindow::KeymapCatalogue, AppMenu::Settings, L"&Languages, Encodings and Keyboards..."},
 };
 
 }  // namespace
@@ -43,6 +47,12 @@ HWND OpenAppWindow(AppWindow window, const AppWindowContext& context) {
       return tools::ShowUrlNormalizerWindow(context.instance, context.owner, folders);
     case AppWindow::StartupLink:
       return tools::ShowStartupLinkWindow(context.instance, context.owner, folders);
+    case AppWindow::TypingSettings:
+      return translit::win32::ShowTypingSettingsWindow(context.instance, context.owner, folders);
+    case AppWindow::TypingSettingsMore:
+      return translit::win32::ShowTypingSettingsMoreWindow(context.instance, context.owner, folders);
+    case AppWindow::KeymapCatalogue:
+      return translit::win32::ShowKeymapCatalogueWindow(context.instance, context.owner, folders);
     default:
       return nullptr;
   }

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "controls/win32/wide_text.hpp"
 #include "settings/error_report.hpp"
 #include "translit/catalogue_lists.hpp"
 
@@ -21,7 +22,6 @@ constexpr int kOptionsId = 102;
 constexpr UINT_PTR kForegroundTimer = 1;
 constexpr UINT kForegroundPeriodMs = 250;
 
-std::wstring Wide(std::u16string_view text) { return std::wstring(text.begin(), text.end()); }
 
 std::u16string WindowTitle(HWND window) {
   if (window == nullptr || !IsWindow(window)) return {};
@@ -39,7 +39,7 @@ void AddColumn(HWND list, int index, const wchar_t* caption, int width) {
 }
 
 void SetCell(HWND list, int row, int column, std::u16string_view text) {
-  std::wstring wide = Wide(text);
+  std::wstring wide = controls::ToWide(text);
   if (column == 0) {
     LVITEMW item{};
     item.mask = LVIF_TEXT;
@@ -119,7 +119,7 @@ void BelovedOskaGrace::OnTypingChanged(bool typingOn, const std::u16string& acti
   activeKeymap_ = activeKeymap;
   if (window_ == nullptr) return;
   const std::u16string state = typingOn ? u"Typing: " + activeKeymap : u"Typing is OFF";
-  SetWindowTextW(status_, Wide(state).c_str());
+  SetWindowTextW(status_, controls::ToWide(state).c_str());
   if (typingOn && settings_.On(FloaterOption::FollowTheTyping)) ShowRowOf(activeKeymap);
 }
 
@@ -184,7 +184,7 @@ void BelovedOskaGrace::CreateControls() {
     SendMessageW(child, WM_SETFONT, reinterpret_cast<WPARAM>(font_ ? font_ : GetStockObject(DEFAULT_GUI_FONT)), 0);
     return child;
   };
-  guidance_ = makeChild(0, WC_STATICW, 0, 0, Wide(kFloaterGuidance).c_str());
+  guidance_ = makeChild(0, WC_STATICW, 0, 0, controls::ToWide(kFloaterGuidance).c_str());
   grid_ = makeChild(WS_EX_CLIENTEDGE, WC_LISTVIEWW, WS_TABSTOP | LVS_REPORT | LVS_SINGLESEL | LVS_SHOWSELALWAYS,
                     kGridId, L"");
   ListView_SetExtendedListViewStyle(grid_, LVS_EX_FULLROWSELECT | LVS_EX_GRIDLINES);
@@ -365,7 +365,7 @@ void BelovedOskaGrace::SavePlacement() {
 void BelovedOskaGrace::Save() { WriteFloaterSettings(FloaterSettingsPath(folders_), settings_); }
 
 void BelovedOskaGrace::ShowMessage(const FloaterMessage& message) const {
-  MessageBoxW(window_, Wide(message.text).c_str(), Wide(message.title).c_str(), MB_OK | MB_ICONINFORMATION);
+  MessageBoxW(window_, controls::ToWide(message.text).c_str(), controls::ToWide(message.title).c_str(), MB_OK | MB_ICONINFORMATION);
 }
 
 }  // namespace quilom::shell::win32
