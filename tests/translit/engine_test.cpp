@@ -78,20 +78,15 @@ TEST_F(EngineTest, KeyThatContinuesNoEntryRestartsTheBuffer) {
   EXPECT_EQ(engine.TypedKeys(), u"zc");
 }
 
-TEST_F(EngineTest, UnknownKeyIsTypedAsItselfAndKeptInTheBuffer) {
-  Use({{u"k", u"க்"}});
+// A key no entry begins, or a character with no index row, is typed as itself and kept.
+TEST_F(EngineTest, UnknownKeysStandForThemselvesAndStayInTheBuffer) {
+  Use({{u"k", u"க்"}, {u"é", u"E"}});
   TypeKeys(engine, u"1");
   EXPECT_EQ(sink.edits, (std::vector<Edit>{{0, u"1"}}));
-  EXPECT_EQ(engine.TypedKeys(), u"1");
   engine.ProcessKey(u'k');
   EXPECT_EQ(engine.TypedKeys(), u"1k");
-  ExpectShown(u"1க்");
-}
-
-TEST_F(EngineTest, CharactersWithoutAnIndexRowStandForThemselves) {
-  Use({{u"k", u"க்"}, {u"é", u"E"}});
   TypeKeys(engine, u"éகk");
-  ExpectShown(u"éகக்");
+  ExpectShown(u"1க்éகக்");
 }
 
 TEST_F(EngineTest, HistoryGrowsByFiftyWhenTheBufferReachesFifty) {

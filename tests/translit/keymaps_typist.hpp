@@ -1,5 +1,7 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <memory>
 #include <string>
 #include <string_view>
@@ -10,6 +12,7 @@
 #include "text/utf.hpp"
 #include "translit/engine.hpp"
 #include "translit/keymap_file.hpp"
+#include "translit/recording_output_sink.hpp"
 
 namespace quilom::testing {
 
@@ -18,7 +21,8 @@ inline std::filesystem::path ShippedKeymapFolder() {
 }
 
 // A shipped keymap loaded through the real loader and typed through the real engine, as the
-// auto transliterator types a word: a fresh buffer per word.
+// auto transliterator types a word: a fresh buffer per word. What the engine believes it typed
+// must be what its edits leave on a screen; every word checks that.
 class KeymapTypist {
  public:
   explicit KeymapTypist(std::u16string_view scheme, const std::filesystem::path& folder = ShippedKeymapFolder(),
@@ -26,6 +30,13 @@ class KeymapTypist {
       : engine_(sink_) {
     const auto notify = [this](std::u16string_view message) { messages.emplace_back(message); };
     outcome = translit::LoadPhoneticKeymap(folder, scheme, options, tables, notify);
+    engine_.SetKeymap(tables);
+  }
+
+  // Tables built elsewhere (an edited keymap text).
+  explicit KeymapTypist(std::shared_ptr<const translit::PhoneticKeymap> keymap) : engine_(sink_) {
+    outcome = translit::LoadOutcome::Loaded;
+    tables = std::move(keymap);
     engine_.SetKeymap(tables);
   }
 
@@ -39,7 +50,10 @@ class KeymapTypist {
       const size_t blank = keys.find(u' ', start);
       const auto word = keys.substr(start, blank == std::u16string_view::npos ? keys.npos : blank - start);
       engine_.Reset();
+      sink_.screen.clear();
+      sink_.edits.clear();
       for (const char16_t key : word) engine_.ProcessKey(key);
+      EXPECT_EQ(sink_.screen, engine_.CurrentOutput()) << text::Utf16ToUtf8(word);
       out += engine_.CurrentOutput();
       if (blank == std::u16string_view::npos) return out;
       out += u' ';
@@ -54,7 +68,7 @@ class KeymapTypist {
   std::vector<std::u16string> messages;
 
  private:
-  translit::NullOutputSink sink_;
+  RecordingOutputSink sink_;
   translit::Engine engine_;
 };
 

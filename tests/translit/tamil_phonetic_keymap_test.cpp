@@ -3,40 +3,24 @@
 #include <array>
 #include <set>
 
-#include "settings/data_folders.hpp"
+#include "keymaps_typist.hpp"
 #include "settings/text_file.hpp"
-#include "support/temp_folder.hpp"
 #include "text/strings.hpp"
-#include "translit/engine.hpp"
-#include "translit/keymap_file.hpp"
-#include "translit/recording_output_sink.hpp"
 
-namespace quilom::translit {
+namespace quilom::testing {
 namespace {
-
-using testing::RecordingOutputSink;
-using testing::TypeKeys;
-
-constexpr char16_t kScheme[] = u"Tamil-Unicode-PhoneticTransliteration";
 
 class TamilPhoneticKeymapTest : public ::testing::Test {
  protected:
+  static std::u16string Type(std::u16string_view keys) { return typist_->Type(keys); }
+
   static void SetUpTestSuite() {
-    const auto folder = settings::DataFolders::ForDataRoot(testing::SourceDataRoot()).keymapFolder;
-    ASSERT_EQ(LoadPhoneticKeymap(folder, kScheme, {}, tables_), LoadOutcome::Loaded);
+    typist_ = new KeymapTypist(u"Tamil-Unicode-PhoneticTransliteration");
+    ASSERT_EQ(typist_->outcome, translit::LoadOutcome::Loaded);
   }
+  static void TearDownTestSuite() { delete typist_; }
 
-  // Types the keys into a fresh engine; the engine's record and the replayed edits must agree.
-  static std::u16string Type(std::u16string_view keys) {
-    RecordingOutputSink sink;
-    Engine engine(sink);
-    engine.SetKeymap(tables_);
-    TypeKeys(engine, keys);
-    EXPECT_EQ(sink.screen, engine.CurrentOutput()) << text::Utf16ToUtf8(keys);
-    return std::u16string(engine.CurrentOutput());
-  }
-
-  static inline std::shared_ptr<const PhoneticKeymap> tables_;
+  static inline KeymapTypist* typist_ = nullptr;
 };
 
 TEST_F(TamilPhoneticKeymapTest, CommonWordsTypeKeyByKey) {
@@ -171,8 +155,8 @@ TEST_F(TamilPhoneticKeymapTest, DeadConsonantFollowedBySyllableJoinsOnlyAtKnownS
 
 // The scheme users edit carries its own help; doing what the help says must work.
 TEST(UserDefinedPhoneticsKeymap, EditsMadeAsItsHelpSaysTypeAsPromised) {
-  const auto folder = settings::DataFolders::ForDataRoot(testing::SourceDataRoot()).keymapFolder;
-  std::u16string text = settings::ReadTextFile(PhoneticKeymapPath(folder, u"Tamil-Unicode-UserDefinedPhonetics1"));
+  std::u16string text = settings::ReadTextFile(
+      translit::PhoneticKeymapPath(ShippedKeymapFolder(), u"Tamil-Unicode-UserDefinedPhonetics1"));
   ASSERT_NE(text.find(u"HOW TO EDIT THIS KEYMAP"), std::u16string::npos);
   // A changed letter, a copied line with new keys, a line break in a text.
   constexpr std::u16string_view kZha = u"<om>z ழ்</om>";
@@ -180,23 +164,16 @@ TEST(UserDefinedPhoneticsKeymap, EditsMadeAsItsHelpSaysTypeAsPromised) {
   ASSERT_NE(z, std::u16string::npos);
   text.replace(z, kZha.size(), u"<om>z ள்</om>");
   text += u"<om>kha கா</om>\r\n<om>nl அ|`~`|ஆ</om>\r\n";
-  DataFileProblem problem;
-  auto map = ParsePhoneticKeymap(text, {}, *settings::Windows1252(), problem);
+  translit::DataFileProblem problem;
+  auto map = translit::ParsePhoneticKeymap(text, {}, *settings::Windows1252(), problem);
   ASSERT_TRUE(map) << text::Utf16ToUtf8(problem.reason);
-  auto tables = std::make_shared<const PhoneticKeymap>(std::move(*map));
-  RecordingOutputSink sink;
-  Engine engine(sink);
-  engine.SetKeymap(tables);
+  KeymapTypist typist(std::make_shared<const translit::PhoneticKeymap>(std::move(*map)));
   const std::pair<std::u16string_view, std::u16string_view> rows[] = {
       {u"kha", u"கா"}, {u"kaa", u"கா"}, {u"z", u"ள்"}, {u"zi", u"ழி"}, {u"nl", u"அ\nஆ"}, {u"vaNakkam", u"வணக்கம்"}};
-  for (const auto& [keys, expected] : rows) {
-    engine.Reset();
-    TypeKeys(engine, keys);
-    EXPECT_EQ(engine.CurrentOutput(), expected) << text::Utf16ToUtf8(keys);
-  }
+  for (const auto& [keys, expected] : rows) EXPECT_EQ(typist.Type(keys), expected) << text::Utf16ToUtf8(keys);
   // The help's notes are not entries: every entry line is one of the file's marked lines.
-  EXPECT_EQ(tables->EntryCount(), static_cast<int>(text::Split(text, u"<om>").size()) - 1);
+  EXPECT_EQ(typist.tables->EntryCount(), static_cast<int>(text::Split(text, u"<om>").size()) - 1);
 }
 
 }  // namespace
-}  // namespace quilom::translit
+}  // namespace quilom::testing
