@@ -1,15 +1,20 @@
 #include "controls/win32/ui_font.hpp"
 
+#include <iterator>
 #include <string>
 
 namespace quilom::controls {
 
 namespace {
 
+constexpr std::wstring_view kTamilFaces[] = {L"Nirmala UI", L"Latha", L"Lohit Tamil", L"Noto Sans Tamil"};
+
 int CALLBACK NoteFound(const LOGFONTW*, const TEXTMETRICW*, DWORD, LPARAM found) {
   *reinterpret_cast<bool*>(found) = true;
   return 0;
 }
+
+}  // namespace
 
 bool FaceInstalled(std::wstring_view face) {
   LOGFONTW query{};
@@ -22,8 +27,6 @@ bool FaceInstalled(std::wstring_view face) {
   return found;
 }
 
-}  // namespace
-
 std::wstring FirstInstalledFace(std::initializer_list<std::wstring_view> faces) {
   std::wstring_view chosen;
   for (const std::wstring_view face : faces) {
@@ -33,7 +36,35 @@ std::wstring FirstInstalledFace(std::initializer_list<std::wstring_view> faces) 
   return std::wstring(chosen);
 }
 
-std::wstring TamilFace() { return FirstInstalledFace({L"Nirmala UI", L"Latha", L"Lohit Tamil", L"Noto Sans Tamil"}); }
+std::wstring TamilFace() {
+  for (const std::wstring_view face : kTamilFaces) {
+    if (FaceInstalled(face)) return std::wstring(face);
+  }
+  return std::wstring(std::end(kTamilFaces)[-1]);
+}
+
+bool DrawsTamilAndLatin(std::wstring_view face) {
+  const UiFont font(face, 12);
+  HDC screen = GetDC(nullptr);
+  HGDIOBJ previous = SelectObject(screen, font.Handle());
+  constexpr wchar_t kProbe[] = {0x0B95, L'a', L'Z', 0};
+  WORD glyphs[3] = {};
+  const bool drawn = GetGlyphIndicesW(screen, kProbe, 3, glyphs, GGI_MARK_NONEXISTING_GLYPHS) == 3 &&
+                     glyphs[0] != 0xFFFF && glyphs[1] != 0xFFFF && glyphs[2] != 0xFFFF;
+  SelectObject(screen, previous);
+  ReleaseDC(nullptr, screen);
+  return drawn;
+}
+
+std::wstring TamilAndLatinFace() {
+  for (const std::wstring_view face : kTamilFaces) {
+    if (FaceInstalled(face) && DrawsTamilAndLatin(face)) return std::wstring(face);
+  }
+  for (const std::wstring_view face : kTamilFaces) {
+    if (FaceInstalled(face)) return std::wstring(face);
+  }
+  return std::wstring(kTamilFaces[0]);
+}
 
 UiFont::UiFont(std::wstring_view face, int pointSize, bool bold) {
   HDC screen = GetDC(nullptr);
@@ -44,12 +75,26 @@ UiFont::UiFont(std::wstring_view face, int pointSize, bool bold) {
                       OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS, CLEARTYPE_QUALITY, DEFAULT_PITCH, name.c_str());
 }
 
+UiFont::UiFont(SystemFont) {
+  NONCLIENTMETRICSW metrics{};
+  metrics.cbSize = sizeof(metrics);
+  if (SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof(metrics), &metrics, 0)) {
+    font_ = CreateFontIndirectW(&metrics.lfMessageFont);
+  }
+}
+
 UiFont::~UiFont() {
   if (font_ != nullptr) DeleteObject(font_);
 }
 
 void UiFont::ApplyTo(HWND control) const {
   SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(Handle()), TRUE);
+}
+
+std::wstring UiFont::Face() const {
+  LOGFONTW description{};
+  if (GetObjectW(Handle(), sizeof(description), &description) == 0) return {};
+  return description.lfFaceName;
 }
 
 }  // namespace quilom::controls

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "controls/win32/ui_font.hpp"
 #include "converter/converter_lists.hpp"
 #include "converter/win32/converter_window.hpp"
 #include "converter/win32/converter_window_ids.hpp"
@@ -19,22 +20,8 @@
 // controls, calls the core, and shows the answer.
 namespace quilom::converter::win32 {
 
-// A font made for this window's DPI, deleted with its holder.
-class OwnedFont {
- public:
-  OwnedFont() = default;
-  ~OwnedFont() { Reset(nullptr); }
-  OwnedFont(const OwnedFont&) = delete;
-  OwnedFont& operator=(const OwnedFont&) = delete;
-  void Reset(HFONT font) {
-    if (font_ != nullptr) DeleteObject(font_);
-    font_ = font;
-  }
-  HFONT Get() const { return font_; }
-
- private:
-  HFONT font_ = nullptr;
-};
+// The quote lists show their quotes large: they differ by small strokes.
+inline constexpr int kQuotePoints = 20;
 
 class ConverterWindow {
  public:
@@ -54,7 +41,6 @@ class ConverterWindow {
   void CreateControls();
   HWND Control(int id) const { return GetDlgItem(window_, id); }
   int Scale(int value) const { return MulDiv(value, dpi_, 96); }
-  HFONT MakeFont(const wchar_t* face, int points);
   void SetTooltip(int id, std::u16string_view text);
 
   // converter_window_lists.cpp
@@ -94,9 +80,9 @@ class ConverterWindow {
   HWND window_ = nullptr;
   HWND tooltip_ = nullptr;
   int dpi_ = 96;
-  OwnedFont uiFont_;
-  OwnedFont arialFont_;
-  OwnedFont legacyQuoteFont_;
+  std::unique_ptr<controls::UiFont> uiFont_;
+  std::unique_ptr<controls::UiFont> arialFont_;
+  std::unique_ptr<controls::UiFont> legacyQuoteFont_;
   std::unique_ptr<MessagePrompter> prompter_;
   ConverterLists lists_;
   bool ignorePlainTextClick_ = false;

@@ -6,7 +6,9 @@
 
 #include <iterator>
 #include <string>
+#include <vector>
 
+#include "controls/win32/wide_text.hpp"
 #include "converter/win32/converter_window_class.hpp"
 
 namespace quilom::converter::win32 {
@@ -27,17 +29,22 @@ constexpr DWORD kQuoteList = CBS_DROPDOWNLIST | WS_VSCROLL | WS_TABSTOP;
 constexpr DWORD kButton = BS_PUSHBUTTON | WS_TABSTOP;
 constexpr DWORD kCheck = BS_AUTOCHECKBOX | WS_TABSTOP;
 
-// Four columns of 165 with 12 between them; the quote lists are tall enough for a 20 point
-// font at any DPI, since a combo box sizes its field to its font.
-constexpr ControlPlan kPlan[] = {
-    {kLblFrom, WC_STATICW, L"&From encoding:", kLabel, 12, 10, 165, 18},
-    {kLbxFrom, WC_LISTBOXW, L"", kList | WS_GROUP, 12, 30, 165, 176},
-    {kLblTo, WC_STATICW, L"&To encoding:", kLabel, 189, 10, 165, 18},
-    {kLbxTo, WC_LISTBOXW, L"", kList | WS_GROUP, 189, 30, 165, 176},
-    {kLblUniFonts, WC_STATICW, L"&Unicode font:", kLabel, 366, 10, 165, 18},
-    {kLbxUniFonts, WC_LISTBOXW, L"", kList | WS_GROUP, 366, 30, 165, 176},
-    {kLblNonUniFonts, WC_STATICW, L"&NonUnicode font:", kLabel, 543, 10, 165, 18},
-    {kLbxNonUniFonts, WC_LISTBOXW, L"", kList | WS_GROUP, 543, 30, 165, 176},
+// A label above a list; the list's id follows the label's.
+struct LabelledList {
+  int labelId;
+  const wchar_t* caption;
+};
+
+// Four columns of 165 with 12 between them.
+constexpr int kColumnStep = 177;
+constexpr LabelledList kEncodingColumns[] = {
+    {kLblFrom, L"&From encoding:"},
+    {kLblTo, L"&To encoding:"},
+    {kLblUniFonts, L"&Unicode font:"},
+    {kLblNonUniFonts, L"&NonUnicode font:"},
+};
+
+constexpr ControlPlan kMiddlePlan[] = {
     {kGrpOptions, WC_BUTTONW, L"Options", BS_GROUPBOX, 12, 214, 342, 110},
     {kChbConvertAsPlainText, WC_BUTTONW, L"Convert As &Plain Text", kCheck | WS_GROUP, 24, 236, 170, 22},
     {kChbVowelSigns, WC_BUTTONW, L"Convert &vowel signs", kCheck | WS_GROUP, 24, 262, 170, 22},
@@ -48,41 +55,56 @@ constexpr ControlPlan kPlan[] = {
     {kCmdSwap, WC_BUTTONW, L"S&wap Encodings", kButton | WS_GROUP, 543, 220, 165, 32},
     {kCmdGenFontsList, WC_BUTTONW, L"&Regenerate Fonts List", kButton | WS_GROUP, 366, 262, 342, 28},
     {kGrpQuotes, WC_BUTTONW, L"Quote conversion", BS_GROUPBOX | WS_GROUP, 12, 334, 696, 92},
-    {kLblFromQuote, WC_STATICW, L"Unicode &quote:", kLabel, 24, 354, 160, 18},
-    {kCmbFromQuote, WC_COMBOBOXW, L"", kQuoteList | WS_GROUP, 24, 374, 160, 240},
-    {kLblToQuote, WC_STATICW, L"&Legacy quote:", kLabel, 196, 354, 160, 18},
-    {kCmbToQuote, WC_COMBOBOXW, L"", kQuoteList | WS_GROUP, 196, 374, 160, 240},
-    {kLblToQuoteEng, WC_STATICW, L"The same, in &Arial:", kLabel, 368, 354, 160, 18},
-    {kCmbToQuoteEng, WC_COMBOBOXW, L"", kQuoteList | WS_GROUP, 368, 374, 160, 240},
+};
+
+// The quote lists are tall enough for a 20 point font at any DPI, since a combo box sizes its
+// field to its font.
+constexpr int kQuoteStep = 172;
+constexpr LabelledList kQuoteColumns[] = {
+    {kLblFromQuote, L"Unicode &quote:"},
+    {kLblToQuote, L"&Legacy quote:"},
+    {kLblToQuoteEng, L"The same, in &Arial:"},
+};
+
+constexpr ControlPlan kLastPlan[] = {
     {kCmdConvertQuotes, WC_BUTTONW, L"Convert Quot&es", kButton | WS_GROUP, 548, 372, 148, 32},
     {kLblPerc, WC_STATICW, L"", SS_LEFTNOWORDWRAP | SS_NOPREFIX | WS_GROUP, 12, 438, 696, 22},
 };
 
-}  // namespace
-
-HFONT ConverterWindow::MakeFont(const wchar_t* face, int points) {
-  LOGFONTW font{};
-  font.lfHeight = -MulDiv(points, dpi_, 72);
-  font.lfCharSet = DEFAULT_CHARSET;
-  font.lfQuality = CLEARTYPE_QUALITY;
-  lstrcpynW(font.lfFaceName, face, LF_FACESIZE);
-  return CreateFontIndirectW(&font);
+// Every control, in the order the Tab key visits them.
+std::vector<ControlPlan> Plan() {
+  std::vector<ControlPlan> plan;
+  int x = 12;
+  for (const LabelledList& column : kEncodingColumns) {
+    plan.push_back({column.labelId, WC_STATICW, column.caption, kLabel, x, 10, 165, 18});
+    plan.push_back({column.labelId + 1, WC_LISTBOXW, L"", kList | WS_GROUP, x, 30, 165, 176});
+    x += kColumnStep;
+  }
+  plan.insert(plan.end(), std::begin(kMiddlePlan), std::end(kMiddlePlan));
+  x = 24;
+  for (const LabelledList& column : kQuoteColumns) {
+    plan.push_back({column.labelId, WC_STATICW, column.caption, kLabel, x, 354, 160, 18});
+    plan.push_back({column.labelId + 1, WC_COMBOBOXW, L"", kQuoteList | WS_GROUP, x, 374, 160, 240});
+    x += kQuoteStep;
+  }
+  plan.insert(plan.end(), std::begin(kLastPlan), std::end(kLastPlan));
+  return plan;
 }
 
+}  // namespace
+
 void ConverterWindow::CreateControls() {
-  NONCLIENTMETRICSW metrics{sizeof(NONCLIENTMETRICSW)};
-  SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof(metrics), &metrics, 0);
-  uiFont_.Reset(CreateFontIndirectW(&metrics.lfMessageFont));
-  arialFont_.Reset(MakeFont(L"Arial", 20));
-  for (const ControlPlan& plan : kPlan) {
+  uiFont_ = std::make_unique<controls::UiFont>(controls::SystemFont::Message);
+  arialFont_ = std::make_unique<controls::UiFont>(L"Arial", kQuotePoints);
+  for (const ControlPlan& plan : Plan()) {
     HWND control = CreateWindowExW(plan.id == kLblPerc ? WS_EX_STATICEDGE : 0, plan.windowClass, plan.caption,
                                    WS_CHILD | WS_VISIBLE | plan.style, Scale(plan.x), Scale(plan.y), Scale(plan.width),
                                    Scale(plan.height), window_, reinterpret_cast<HMENU>(static_cast<INT_PTR>(plan.id)),
                                    instance_, nullptr);
-    SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(uiFont_.Get()), FALSE);
+    SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(uiFont_->Handle()), FALSE);
   }
   for (int id : {kCmbFromQuote, kCmbToQuote, kCmbToQuoteEng}) {
-    SendMessageW(Control(id), WM_SETFONT, reinterpret_cast<WPARAM>(arialFont_.Get()), FALSE);
+    SendMessageW(Control(id), WM_SETFONT, reinterpret_cast<WPARAM>(arialFont_->Handle()), FALSE);
   }
   tooltip_ =
       CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, CW_USEDEFAULT,
@@ -93,7 +115,7 @@ void ConverterWindow::CreateControls() {
 }
 
 void ConverterWindow::SetTooltip(int id, std::u16string_view text) {
-  std::wstring tip(text.begin(), text.end());
+  std::wstring tip = controls::ToWide(text);
   TOOLINFOW info{};
   info.cbSize = sizeof(info);
   info.uFlags = TTF_IDISHWND | TTF_SUBCLASS;

@@ -4,22 +4,21 @@
 #include <commctrl.h>
 // clang-format on
 
+#include <memory>
 #include <string>
 
+#include "controls/win32/wide_text.hpp"
 #include "converter/quote_conversion.hpp"
 #include "converter/win32/converter_window_class.hpp"
 #include "converter/win32/system_fonts.hpp"
 #include "settings/text_file.hpp"
 
 namespace quilom::converter::win32 {
-namespace {
 
-std::wstring Wide(std::u16string_view text) { return std::wstring(text.begin(), text.end()); }
-
-}  // namespace
+using controls::ToWide;
 
 void ConverterWindow::ShowProgress(std::u16string_view text) {
-  SetWindowTextW(Control(kLblPerc), Wide(text).c_str());
+  SetWindowTextW(Control(kLblPerc), ToWide(text).c_str());
   UpdateWindow(Control(kLblPerc));
 }
 
@@ -64,7 +63,7 @@ void ConverterWindow::FillListBox(int id, const std::vector<std::u16string>& row
   SendMessageW(list, WM_SETREDRAW, FALSE, 0);
   SendMessageW(list, LB_RESETCONTENT, 0, 0);
   for (const std::u16string& row : rows) {
-    SendMessageW(list, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(Wide(row).c_str()));
+    SendMessageW(list, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(ToWide(row).c_str()));
   }
   SendMessageW(list, WM_SETREDRAW, TRUE, 0);
   InvalidateRect(list, nullptr, TRUE);
@@ -129,7 +128,7 @@ void ConverterWindow::FillQuoteLists() {
   const QuoteList unicodeQuotes = FillUnicodeQuotes(from, to);
   SendMessageW(Control(kCmbFromQuote), CB_RESETCONTENT, 0, 0);
   for (const std::u16string& quote : unicodeQuotes.items) {
-    SendMessageW(Control(kCmbFromQuote), CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(Wide(quote).c_str()));
+    SendMessageW(Control(kCmbFromQuote), CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(ToWide(quote).c_str()));
   }
   SetTooltip(kCmbFromQuote, unicodeQuotes.tooltip);
 
@@ -137,8 +136,10 @@ void ConverterWindow::FillQuoteLists() {
   const std::u16string quotesText =
       unicodeQuotes.items.empty() ? std::u16string() : settings::ReadTextFile(converterFolder_ / kLegacyQuotesFile);
   const LegacyQuoteLists legacy = FillLegacyQuotes(quotesText, to, !unicodeQuotes.items.empty(), fontName);
-  legacyQuoteFont_.Reset(MakeFont(fontName.empty() ? L"Arial" : Wide(fontName).c_str(), 20));
-  SendMessageW(Control(kCmbToQuote), WM_SETFONT, reinterpret_cast<WPARAM>(legacyQuoteFont_.Get()), TRUE);
+  // The list lets go of the old font before it is deleted.
+  auto quoteFont = std::make_unique<controls::UiFont>(fontName.empty() ? L"Arial" : ToWide(fontName), kQuotePoints);
+  quoteFont->ApplyTo(Control(kCmbToQuote));
+  legacyQuoteFont_ = std::move(quoteFont);
   // A legacy font's metrics differ from Arial's: keep the three fields the same height, so the
   // row of quote lists stays even.
   const LRESULT fieldHeight = SendMessageW(Control(kCmbFromQuote), CB_GETITEMHEIGHT, static_cast<WPARAM>(-1), 0);
@@ -146,7 +147,7 @@ void ConverterWindow::FillQuoteLists() {
   for (int id : {kCmbToQuote, kCmbToQuoteEng}) {
     SendMessageW(Control(id), CB_RESETCONTENT, 0, 0);
     for (const std::u16string& quote : legacy.inLegacyFont.items) {
-      SendMessageW(Control(id), CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(Wide(quote).c_str()));
+      SendMessageW(Control(id), CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(ToWide(quote).c_str()));
     }
   }
   SetTooltip(kCmbToQuote, legacy.inLegacyFont.tooltip);

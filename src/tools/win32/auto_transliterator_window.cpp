@@ -4,9 +4,8 @@
 #include "tools/auto_transliteration.hpp"
 #include "tools/auto_transliteration_texts.hpp"
 #include "tools/reverse_transliteration.hpp"
-#include "tools/win32/chunked_runner.hpp"
+#include "tools/win32/conversion_window.hpp"
 #include "tools/win32/tool_controls.hpp"
-#include "tools/win32/tool_window.hpp"
 #include "tools/win32/tool_windows.hpp"
 #include "translit/engine.hpp"
 #include "translit/keymap_file.hpp"
@@ -19,28 +18,15 @@ enum ControlId : int {
   kLatinLabel = 1101,
   kLatinBox,  // teng
   kTamilLabel,
-  kTamilBox,      // ttam
-  kConvert,       // bAT
-  kKeepGraves,    // chkBQ
-  kProgressText,  // txtPerc
-  kCounts,        // tChars
+  kTamilBox,           // ttam
+  kConvert,            // bAT
+  kKeepGraves,         // chkBQ
+  kProgressText,       // txtPerc
+  kCounts,             // tChars
   kMenuSample = 2101,  // mnuToolsSample
   kMenuAlternate,      // mnuToolsAlternate
   kMenuRemoveGraves,   // mnuRemoveBqs
-  kMenuClose,
 };
-
-HMENU BuildMenu() {
-  HMENU tools = CreatePopupMenu();
-  AppendMenuW(tools, MF_STRING, kMenuSample, L"&Sample text");
-  AppendMenuW(tools, MF_STRING, kMenuAlternate, L"&Alternate mappings (your own phonetic keymap)");
-  AppendMenuW(tools, MF_STRING, kMenuRemoveGraves, L"Remove &grave accents from the output");
-  AppendMenuW(tools, MF_SEPARATOR, 0, nullptr);
-  AppendMenuW(tools, MF_STRING, kMenuClose, L"&Close\tEsc");
-  HMENU bar = CreateMenu();
-  AppendMenuW(bar, MF_POPUP, reinterpret_cast<UINT_PTR>(tools), L"&Tools");
-  return bar;
-}
 
 int PercentOf(const ChunkedConversion& run) {
   const size_t total = run.TotalWords();
@@ -49,10 +35,13 @@ int PercentOf(const ChunkedConversion& run) {
 }
 
 // `qmpat` and `qmpat2`: the same controls and conversion in two layouts.
-class AutoTransliteratorWindow final : public ToolWindow {
+class AutoTransliteratorWindow final : public ConversionWindow {
  public:
   AutoTransliteratorWindow(settings::DataFolders folders, AutoLayout layout, std::function<void()> afterConversion)
-      : folders_(std::move(folders)), layout_(layout), afterConversion_(std::move(afterConversion)) {}
+      : ConversionWindow({kLatinBox, kTamilBox, kConvert, kProgressText, kCounts}),
+        folders_(std::move(folders)),
+        layout_(layout),
+        afterConversion_(std::move(afterConversion)) {}
 
  protected:
   void OnCreate() override {
@@ -77,24 +66,30 @@ class AutoTransliteratorWindow final : public ToolWindow {
 
   void OnCommand(int id, int) override {
     switch (id) {
-      case kConvert: return Convert();
-      case kMenuSample: return LoadSample();
-      case kMenuAlternate: return ToggleAlternate();
-      case kMenuRemoveGraves: return RemoveGraves();
-      case kMenuClose: PostMessageW(Handle(), WM_CLOSE, 0, 0); return;
-      default: return;
+      case kConvert:
+        return Convert();
+      case kMenuSample:
+        return ConvertSample(LoadAutoTransliterationSample(folders_));
+      case kMenuAlternate:
+        return ToggleAlternate();
+      case kMenuRemoveGraves:
+        return RemoveGravesFromOutput();
+      default:
+        return;
     }
   }
 
-  void OnTimer(UINT_PTR id) override {
-    if (id == ChunkedRunner::kTimerId) runner_.Tick();
+  std::u16string_view ErrorTag() const override { return u"AT - Conv"; }
+
+  std::u16string ProgressText(const ChunkedConversion& run) const override { return AutoProgressText(PercentOf(run)); }
+
+  std::u16string CountsText(size_t inputLength, size_t outputLength) const override {
+    return AutoCharacterCountsText(inputLength, outputLength);
   }
 
-  void OnDestroy() override { runner_.Stop(); }
-
-  int DefaultButton() const override { return kConvert; }
-
-  std::u16string_view ErrorTag() const override { return u"AT - Conv"; }
+  void AfterConversion() override {
+    if (afterConversion_) afterConversion_();
+  }
 
  private:
   void LayOutStacked(int width, int height) {
@@ -155,51 +150,19 @@ class AutoTransliteratorWindow final : public ToolWindow {
     return true;
   }
 
-  void Convert() {
-    if (runner_.Busy()) return;
-    std::u16string input = BoxText(Item(kLatinBox));
-    if (input.empty()) return;
+  void Convert() override {
+    if (Busy() || BoxText(Item(kLatinBox)).empty()) return;
     if (loadedScheme_ != AutoKeymapFor(alternate_)) keymap_.reset();
     if (!LoadKeymap()) return;
     const AutoTransliterationOptions options{IsTicked(kKeepGraves)};
-    ShowText(kTamilBox, u"");
-    Lock(true);
-    runner_.Start(
-        Handle(), std::move(input), options.keepBackQuoted,
-        [this, options](std::u16string_view piece, size_t) { return AutoTransliterate(piece, engine_, options); },
-        [this](const ChunkedConversion& run) {
-          SetCaption(kProgressText, AutoProgressText(PercentOf(run)));
-          UpdateWindow(Item(kProgressText));
-        },
-        [this](const ChunkedConversion& run) {
-          ShowText(kTamilBox, run.Output());
-          Lock(false);
-          SetCaption(kCounts, AutoCharacterCountsText(run.Input().size(), run.Output().size()));
-          if (afterConversion_) afterConversion_();
-        });
-  }
-
-  void Lock(bool locked) {
-    SendMessageW(Item(kLatinBox), EM_SETREADONLY, locked, 0);
-    SendMessageW(Item(kTamilBox), EM_SETREADONLY, locked, 0);
-    EnableWindow(Item(kConvert), !locked);
-  }
-
-  void LoadSample() {
-    if (runner_.Busy()) return;
-    ShowText(kLatinBox, LoadAutoTransliterationSample(folders_));
-    Convert();
+    StartConversion(options.keepBackQuoted, [this, options](std::u16string_view piece, size_t) {
+      return AutoTransliterate(piece, engine_, options);
+    });
   }
 
   void ToggleAlternate() {
     alternate_ = !alternate_;
     CheckMenuItem(GetMenu(Handle()), kMenuAlternate, alternate_ ? MF_CHECKED : MF_UNCHECKED);
-  }
-
-  void RemoveGraves() {
-    HWND box = Item(kTamilBox);
-    const std::u16string output = BoxText(box);
-    if (output.find(u'`') != std::u16string::npos) ShowText(kTamilBox, RemoveGraveAccents(output));
   }
 
   settings::DataFolders folders_;
@@ -210,7 +173,6 @@ class AutoTransliteratorWindow final : public ToolWindow {
   std::shared_ptr<const translit::PhoneticKeymap> keymap_;
   std::u16string_view loadedScheme_;
   bool alternate_ = false;
-  ChunkedRunner runner_;
 };
 
 }  // namespace
@@ -218,10 +180,14 @@ class AutoTransliteratorWindow final : public ToolWindow {
 HWND ShowAutoTransliteratorWindow(HINSTANCE instance, HWND owner, const settings::DataFolders& folders,
                                   AutoLayout layout, std::function<void()> afterConversion) {
   const bool stacked = layout == AutoLayout::Stacked;
-  return ToolWindow::Open(std::make_unique<AutoTransliteratorWindow>(folders, layout, std::move(afterConversion)),
-                          instance, owner, stacked ? L"qmpat" : L"qmpat2",
-                          stacked ? L"Quilom++ - Auto Transliterator" : L"Quilom++ - Auto Transliterator (side by side)",
-                          stacked ? 640 : 900, stacked ? 560 : 460, BuildMenu());
+  return ToolWindow::Open(
+      std::make_unique<AutoTransliteratorWindow>(folders, layout, std::move(afterConversion)), instance, owner,
+      stacked ? L"qmpat" : L"qmpat2",
+      stacked ? L"Quilom++ - Auto Transliterator" : L"Quilom++ - Auto Transliterator (side by side)",
+      stacked ? 640 : 900, stacked ? 560 : 460,
+      BuildToolsMenu({{kMenuSample, L"&Sample text"},
+                      {kMenuAlternate, L"&Alternate mappings (your own phonetic keymap)"},
+                      {kMenuRemoveGraves, L"Remove &grave accents from the output"}}));
 }
 
 }  // namespace quilom::tools::win32

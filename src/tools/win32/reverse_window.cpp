@@ -5,9 +5,8 @@
 #include "tools/ambiguous_spelling.hpp"
 #include "tools/reverse_companion_list.hpp"
 #include "tools/reverse_transliteration.hpp"
-#include "tools/win32/chunked_runner.hpp"
+#include "tools/win32/conversion_window.hpp"
 #include "tools/win32/tool_controls.hpp"
-#include "tools/win32/tool_window.hpp"
 #include "tools/win32/tool_windows.hpp"
 
 namespace quilom::tools::win32 {
@@ -18,42 +17,30 @@ enum ControlId : int {
   kTamilLabel = 1001,
   kTamilBox,  // ttam
   kLatinLabel,
-  kLatinBox,      // teng
-  kConvert,       // bRT
-  kFindNext,      // bSearch
-  kReplace,       // bReplace
-  kNumerals,      // chkNumerals
-  kSigns,         // chkSigns
-  kKeepGraves,    // chkBQ
-  kProgressText,  // txtPerc
-  kCounts,        // tChars
+  kLatinBox,           // teng
+  kConvert,            // bRT
+  kFindNext,           // bSearch
+  kReplace,            // bReplace
+  kNumerals,           // chkNumerals
+  kSigns,              // chkSigns
+  kKeepGraves,         // chkBQ
+  kProgressText,       // txtPerc
+  kCounts,             // tChars
   kMenuSample = 2001,  // mnuToolsSample
   kMenuLowerCase,      // mnuToolsSmallCase
   kMenuRemoveGraves,   // mnuRemoveBQ
-  kMenuClose,
 };
 
 constexpr std::u16string_view kNoMoreSpellings =
     u"No more spellings with an alternative after the cursor. The next search starts at the beginning.";
 
-HMENU BuildMenu(bool companion) {
-  HMENU tools = CreatePopupMenu();
-  AppendMenuW(tools, MF_STRING, kMenuSample, L"&Sample text");
-  if (!companion) {
-    AppendMenuW(tools, MF_STRING, kMenuLowerCase, L"Output in &lower case");
-    AppendMenuW(tools, MF_STRING, kMenuRemoveGraves, L"Remove &grave accents from the output");
-  }
-  AppendMenuW(tools, MF_SEPARATOR, 0, nullptr);
-  AppendMenuW(tools, MF_STRING, kMenuClose, L"&Close\tEsc");
-  HMENU bar = CreateMenu();
-  AppendMenuW(bar, MF_POPUP, reinterpret_cast<UINT_PTR>(tools), L"&Tools");
-  return bar;
-}
-
 // `qmprt` and, with `companion`, the small `qmprt2`: same conversion, fewer controls, its own list.
-class ReverseWindow final : public ToolWindow {
+class ReverseWindow final : public ConversionWindow {
  public:
-  ReverseWindow(settings::DataFolders folders, bool companion) : folders_(std::move(folders)), companion_(companion) {}
+  ReverseWindow(settings::DataFolders folders, bool companion)
+      : ConversionWindow({kTamilBox, kLatinBox, kConvert, kProgressText, kCounts}),
+        folders_(std::move(folders)),
+        companion_(companion) {}
 
  protected:
   void OnCreate() override {
@@ -114,75 +101,56 @@ class ReverseWindow final : public ToolWindow {
 
   void OnCommand(int id, int code) override {
     switch (id) {
-      case kConvert: return Convert();
+      case kConvert:
+        return Convert();
       case kNumerals:
       case kSigns:
         if (code == BN_CLICKED) ShowInformation(Handle(), kOptionTakesEffectText);
         return;
-      case kFindNext: return FindNext();
-      case kReplace: return Replace();
-      case kMenuSample: return LoadSample();
-      case kMenuLowerCase: return ShowText(kLatinBox, OutputToLowerCase(BoxText(Item(kLatinBox))));
-      case kMenuRemoveGraves: return RemoveGraves();
-      case kMenuClose: PostMessageW(Handle(), WM_CLOSE, 0, 0); return;
-      default: return;
+      case kFindNext:
+        return FindNext();
+      case kReplace:
+        return Replace();
+      case kMenuSample:
+        return ConvertSample(LoadReverseSample(folders_.mainDataFolder));
+      case kMenuLowerCase:
+        return ShowText(kLatinBox, OutputToLowerCase(BoxText(Item(kLatinBox))));
+      case kMenuRemoveGraves:
+        return RemoveGravesFromOutput();
+      default:
+        return;
     }
   }
 
-  void OnTimer(UINT_PTR id) override {
-    if (id == ChunkedRunner::kTimerId) runner_.Tick();
-  }
-
-  void OnDestroy() override { runner_.Stop(); }
-
-  int DefaultButton() const override { return kConvert; }
-
   std::u16string_view ErrorTag() const override { return tag_; }
 
+  std::u16string ProgressText(const ChunkedConversion& run) const override {
+    const size_t done = run.WordsDone();
+    return ReverseProgressText(done == 0 ? 0 : done - 1, run.TotalWords());
+  }
+
+  std::u16string CountsText(size_t inputLength, size_t outputLength) const override {
+    return ReverseCharacterCountsText(inputLength, outputLength);
+  }
+
+  void LockMore(bool locked) override {
+    if (companion_) return;
+    EnableWindow(Item(kFindNext), !locked);
+    EnableWindow(Item(kReplace), !locked);
+  }
+
  private:
-  void Convert() {
-    if (runner_.Busy()) return;
-    std::u16string input = BoxText(Item(kTamilBox));
-    if (input.empty()) return;
+  void Convert() override {
     ReverseOptions options;
     if (!companion_) {
       options.numerals = IsTicked(kNumerals);
       options.signs = IsTicked(kSigns);
       options.keepGraves = IsTicked(kKeepGraves);
     }
-    SetCaption(kProgressText, kPleaseWaitText);
-    ShowText(kLatinBox, u"");
-    Lock(true);
-    runner_.Start(
-        Handle(), std::move(input), options.keepGraves,
+    StartConversion(
+        options.keepGraves,
         [this, options](std::u16string_view piece, size_t) { return ReverseTransliterate(piece, options, words_); },
-        [this](const ChunkedConversion& run) {
-          const size_t done = run.WordsDone();
-          SetCaption(kProgressText, ReverseProgressText(done == 0 ? 0 : done - 1, run.TotalWords()));
-          UpdateWindow(Item(kProgressText));
-        },
-        [this](const ChunkedConversion& run) {
-          ShowText(kLatinBox, run.Output());
-          Lock(false);
-          SetCaption(kCounts, ReverseCharacterCountsText(run.Input().size(), run.Output().size()));
-        });
-  }
-
-  // The boxes stay readable but cannot change while a conversion runs.
-  void Lock(bool locked) {
-    SendMessageW(Item(kTamilBox), EM_SETREADONLY, locked, 0);
-    SendMessageW(Item(kLatinBox), EM_SETREADONLY, locked, 0);
-    EnableWindow(Item(kConvert), !locked);
-    if (!companion_) {
-      EnableWindow(Item(kFindNext), !locked);
-      EnableWindow(Item(kReplace), !locked);
-    }
-  }
-
-  void LoadSample() {
-    if (runner_.Busy()) return;
-    ShowText(kTamilBox, LoadReverseSample(folders_.mainDataFolder));
-    Convert();
+        kPleaseWaitText);
   }
 
   // Searches on from the selection's end; at the end of the text the next search wraps.
@@ -216,16 +184,9 @@ class ReverseWindow final : public ToolWindow {
     tag_ = u"RT-sk";
   }
 
-  void RemoveGraves() {
-    HWND box = Item(kLatinBox);
-    const std::u16string output = BoxText(box);
-    if (output.find(u'`') != std::u16string::npos) ShowText(kLatinBox, RemoveGraveAccents(output));
-  }
-
   settings::DataFolders folders_;
   bool companion_;
   ReverseWordList words_;
-  ChunkedRunner runner_;
   std::u16string_view tag_ = u"RT-sk";
 };
 
@@ -233,12 +194,16 @@ class ReverseWindow final : public ToolWindow {
 
 HWND ShowReverseTransliterationWindow(HINSTANCE instance, HWND owner, const settings::DataFolders& folders) {
   return ToolWindow::Open(std::make_unique<ReverseWindow>(folders, false), instance, owner, L"qmprt",
-                          L"Quilom++ - Reverse Transliteration", 660, 560, BuildMenu(false));
+                          L"Quilom++ - Reverse Transliteration", 660, 560,
+                          BuildToolsMenu({{kMenuSample, L"&Sample text"},
+                                          {kMenuLowerCase, L"Output in &lower case"},
+                                          {kMenuRemoveGraves, L"Remove &grave accents from the output"}}));
 }
 
 HWND ShowReverseCompanionWindow(HINSTANCE instance, HWND owner, const settings::DataFolders& folders) {
   return ToolWindow::Open(std::make_unique<ReverseWindow>(folders, true), instance, owner, L"qmprt2",
-                          L"Quilom++ - Reverse Transliteration (small)", 460, 400, BuildMenu(true));
+                          L"Quilom++ - Reverse Transliteration (small)", 460, 400,
+                          BuildToolsMenu({{kMenuSample, L"&Sample text"}}));
 }
 
 }  // namespace quilom::tools::win32

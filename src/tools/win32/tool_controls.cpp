@@ -8,27 +8,11 @@
 #include <string>
 #include <vector>
 
+#include "controls/win32/wide_text.hpp"
+
 namespace quilom::tools::win32 {
 
 namespace {
-
-int CALLBACK NoteFound(const LOGFONTW*, const TEXTMETRICW*, DWORD, LPARAM found) {
-  *reinterpret_cast<bool*>(found) = true;
-  return 0;
-}
-
-bool FaceInstalled(std::wstring_view face) {
-  LOGFONTW query{};
-  query.lfCharSet = DEFAULT_CHARSET;
-  face.copy(query.lfFaceName, LF_FACESIZE - 1);
-  bool found = false;
-  HDC screen = GetDC(nullptr);
-  EnumFontFamiliesExW(screen, &query, NoteFound, reinterpret_cast<LPARAM>(&found), 0);
-  ReleaseDC(nullptr, screen);
-  return found;
-}
-
-std::wstring Wide(std::u16string_view text) { return std::wstring(text.begin(), text.end()); }
 
 bool IsTamil(char16_t ch) { return ch >= 0x0B80 && ch <= 0x0BFF; }
 
@@ -43,13 +27,13 @@ std::u16string BoxText(HWND box) {
   query.cb = static_cast<DWORD>(buffer.size() * sizeof(wchar_t));
   query.flags = GT_USECRLF;
   query.codepage = 1200;
-  const auto copied = SendMessageW(box, EM_GETTEXTEX, reinterpret_cast<WPARAM>(&query),
-                                   reinterpret_cast<LPARAM>(buffer.data()));
+  const auto copied =
+      SendMessageW(box, EM_GETTEXTEX, reinterpret_cast<WPARAM>(&query), reinterpret_cast<LPARAM>(buffer.data()));
   return std::u16string(reinterpret_cast<const char16_t*>(buffer.data()), static_cast<size_t>(copied));
 }
 
 void SetBoxText(HWND box, std::u16string_view text) {
-  const std::wstring wide = Wide(text);
+  const std::wstring wide = controls::ToWide(text);
   SetWindowTextW(box, wide.c_str());
 }
 
@@ -72,7 +56,7 @@ size_t SelectionEnd(HWND box) {
 }
 
 void ShowInformation(HWND owner, std::u16string_view text) {
-  const std::wstring wide = Wide(text);
+  const std::wstring wide = controls::ToWide(text);
   MessageBoxW(owner, wide.c_str(), L"Quilom++", MB_OK | MB_ICONINFORMATION);
 }
 
@@ -94,37 +78,6 @@ bool CopyToClipboard(HWND owner, std::u16string_view text) {
   }
   CloseClipboard();
   return copied;
-}
-
-
-bool DrawsTamilAndLatin(std::wstring_view face) {
-  HFONT font = CreateFontW(-16, 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE, DEFAULT_CHARSET, OUT_DEFAULT_PRECIS,
-                           CLIP_DEFAULT_PRECIS, DEFAULT_QUALITY, DEFAULT_PITCH, std::wstring(face).c_str());
-  if (font == nullptr) return false;
-  HDC screen = GetDC(nullptr);
-  HGDIOBJ previous = SelectObject(screen, font);
-  constexpr wchar_t kProbe[] = {0x0B95, L'a', L'Z', 0};
-  WORD glyphs[3] = {};
-  const bool drawn = GetGlyphIndicesW(screen, kProbe, 3, glyphs, GGI_MARK_NONEXISTING_GLYPHS) == 3 &&
-                     glyphs[0] != 0xFFFF && glyphs[1] != 0xFFFF && glyphs[2] != 0xFFFF;
-  SelectObject(screen, previous);
-  ReleaseDC(nullptr, screen);
-  DeleteObject(font);
-  return drawn;
-}
-
-std::wstring TamilCapableFace() {
-  // The Windows fonts for Indic scripts first (they have Latin letters too), then the free
-  // Tamil fonts. A face without Latin letters is taken only when no face has both; the
-  // system's font linking then has to supply the Latin letters.
-  constexpr std::wstring_view faces[] = {L"Nirmala UI", L"Latha", L"Lohit Tamil", L"Noto Sans Tamil"};
-  for (const auto face : faces) {
-    if (FaceInstalled(face) && DrawsTamilAndLatin(face)) return std::wstring(face);
-  }
-  for (const auto face : faces) {
-    if (FaceInstalled(face)) return std::wstring(face);
-  }
-  return std::wstring(faces[0]);
 }
 
 namespace {
@@ -196,8 +149,8 @@ void ApplyScriptFonts(HWND box, std::wstring_view latinFace, std::wstring_view t
   ShowTextInScriptFonts(box, BoxText(box), latinFace, tamilFace, pointSize);
 }
 
-void ShowTextInScriptFonts(HWND box, std::u16string_view text, std::wstring_view latinFace,
-                           std::wstring_view tamilFace, int pointSize) {
+void ShowTextInScriptFonts(HWND box, std::u16string_view text, std::wstring_view latinFace, std::wstring_view tamilFace,
+                           int pointSize) {
   CHARRANGE kept{};
   SendMessageW(box, EM_EXGETSEL, 0, reinterpret_cast<LPARAM>(&kept));
   POINT scroll{};

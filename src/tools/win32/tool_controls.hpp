@@ -22,19 +22,13 @@ void ShowInformation(HWND owner, std::u16string_view text);
 // Puts `text` on the clipboard as CF_UNICODETEXT. Returns whether the clipboard took it.
 bool CopyToClipboard(HWND owner, std::u16string_view text);
 
-// The first installed of the Tamil-capable faces, best first; the last when none is.
-std::wstring TamilCapableFace();
-
-// Whether the face draws both Tamil and Latin letters.
-bool DrawsTamilAndLatin(std::wstring_view face);
-
 // For a rich-text box whose Tamil font lacks Latin letters: everything in `latinFace`, the runs
 // of Tamil letters in `tamilFace`, all at `pointSize`. Keeps the text, the selection and the
 // scroll position; the box's undo history starts afresh.
 void ApplyScriptFonts(HWND box, std::wstring_view latinFace, std::wstring_view tamilFace, int pointSize);
 // The same with a new text: the box lays the text out once.
-void ShowTextInScriptFonts(HWND box, std::u16string_view text, std::wstring_view latinFace,
-                           std::wstring_view tamilFace, int pointSize);
+void ShowTextInScriptFonts(HWND box, std::u16string_view text, std::wstring_view latinFace, std::wstring_view tamilFace,
+                           int pointSize);
 
 // The executable's folder.
 std::wstring ProgramFolder();

@@ -29,20 +29,6 @@ int SystemDpi() {
   return dpi > 0 ? dpi : 96;
 }
 
-HFONT MessageFont() {
-  NONCLIENTMETRICSW metrics{};
-  metrics.cbSize = sizeof(metrics);
-  if (SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof(metrics), &metrics, 0)) {
-    return CreateFontIndirectW(&metrics.lfMessageFont);
-  }
-  return nullptr;
-}
-
-HFONT TextFont(int dpi, const std::wstring& face) {
-  return CreateFontW(-MulDiv(kTextPointSize, dpi, 72), 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE, DEFAULT_CHARSET,
-                     OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS, CLEARTYPE_QUALITY, DEFAULT_PITCH, face.c_str());
-}
-
 // A multi-line RichEdit asks for Tab itself; the tools' boxes hold plain text where a typed tab
 // is rarely wanted, and the keyboard user needs Tab to reach the buttons.
 LRESULT CALLBACK TabLeavesBox(HWND box, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR, DWORD_PTR) {
@@ -58,12 +44,6 @@ LRESULT CALLBACK TabLeavesBox(HWND box, UINT message, WPARAM wParam, LPARAM lPar
   }
   if (message == WM_NCDESTROY) RemoveWindowSubclass(box, TabLeavesBox, kTabLeavesBoxSubclass);
   return DefSubclassProc(box, message, wParam, lParam);
-}
-
-std::wstring LatinFace(HFONT uiFont) {
-  LOGFONTW description{};
-  if (uiFont != nullptr && GetObjectW(uiFont, sizeof(description), &description) != 0) return description.lfFaceName;
-  return L"Tahoma";
 }
 
 // Fonts by script cost a full re-layout of the box, which grows too slow past this length on
@@ -94,11 +74,6 @@ void RegisterClassOnce(HINSTANCE instance, WNDPROC procedure) {
 }
 
 }  // namespace
-
-ToolWindow::~ToolWindow() {
-  if (uiFont_ != nullptr) DeleteObject(uiFont_);
-  if (textFont_ != nullptr) DeleteObject(textFont_);
-}
 
 HWND ToolWindow::Open(std::unique_ptr<ToolWindow> window, HINSTANCE instance, HWND owner, std::wstring_view kind,
                       std::wstring_view title, int width, int height, HMENU menu) {
@@ -146,42 +121,34 @@ bool ToolWindow::TranslateNavigation(MSG& message) {
   return false;
 }
 
-HWND ToolWindow::AddLabel(int id, std::wstring_view text) {
+HWND ToolWindow::AddControl(int id, const wchar_t* windowClass, std::wstring_view text, DWORD style) {
   const std::wstring caption(text);
-  HWND label = CreateWindowExW(0, WC_STATICW, caption.c_str(), WS_CHILD | WS_VISIBLE, 0, 0, 0, 0,
-                               window_, reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), nullptr, nullptr);
-  SendMessageW(label, WM_SETFONT, reinterpret_cast<WPARAM>(uiFont_), FALSE);
-  return label;
+  HWND control = CreateWindowExW(0, windowClass, caption.c_str(), WS_CHILD | WS_VISIBLE | style, 0, 0, 0, 0, window_,
+                                 reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), nullptr, nullptr);
+  SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(uiFont_->Handle()), FALSE);
+  return control;
 }
 
+HWND ToolWindow::AddLabel(int id, std::wstring_view text) { return AddControl(id, WC_STATICW, text, 0); }
+
 HWND ToolWindow::AddButton(int id, std::wstring_view text, bool isDefault) {
-  const std::wstring caption(text);
-  const DWORD style = WS_CHILD | WS_VISIBLE | WS_TABSTOP | (isDefault ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON);
-  HWND button = CreateWindowExW(0, WC_BUTTONW, caption.c_str(), style, 0, 0, 0, 0, window_,
-                                reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), nullptr, nullptr);
-  SendMessageW(button, WM_SETFONT, reinterpret_cast<WPARAM>(uiFont_), FALSE);
-  return button;
+  return AddControl(id, WC_BUTTONW, text, WS_TABSTOP | (isDefault ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON));
 }
 
 HWND ToolWindow::AddCheckBox(int id, std::wstring_view text) {
-  const std::wstring caption(text);
-  HWND box = CreateWindowExW(0, WC_BUTTONW, caption.c_str(), WS_CHILD | WS_VISIBLE | WS_TABSTOP | BS_AUTOCHECKBOX,
-                             0, 0, 0, 0, window_, reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), nullptr, nullptr);
-  SendMessageW(box, WM_SETFONT, reinterpret_cast<WPARAM>(uiFont_), FALSE);
-  return box;
+  return AddControl(id, WC_BUTTONW, text, WS_TABSTOP | BS_AUTOCHECKBOX);
 }
 
 HWND ToolWindow::AddTextBox(int id, bool readOnly, bool notifyChanges) {
-  DWORD style = WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_VSCROLL | ES_MULTILINE | ES_AUTOVSCROLL | ES_WANTRETURN |
-                ES_NOHIDESEL;
+  DWORD style =
+      WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_VSCROLL | ES_MULTILINE | ES_AUTOVSCROLL | ES_WANTRETURN | ES_NOHIDESEL;
   if (readOnly) style |= ES_READONLY;
   HWND box = CreateWindowExW(WS_EX_CLIENTEDGE, RichEditClass(), L"", style, 0, 0, 0, 0, window_,
                              reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), nullptr, nullptr);
-  SendMessageW(box, EM_SETTEXTMODE, (mixFonts_ ? TM_RICHTEXT : TM_PLAINTEXT) | TM_MULTILEVELUNDO | TM_MULTICODEPAGE,
-               0);
+  SendMessageW(box, EM_SETTEXTMODE, (mixFonts_ ? TM_RICHTEXT : TM_PLAINTEXT) | TM_MULTILEVELUNDO | TM_MULTICODEPAGE, 0);
   // The default limit (32 767 characters) would cut long documents short.
   SendMessageW(box, EM_EXLIMITTEXT, 0, 64 * 1024 * 1024);
-  SendMessageW(box, WM_SETFONT, reinterpret_cast<WPARAM>(textFont_), FALSE);
+  SendMessageW(box, WM_SETFONT, reinterpret_cast<WPARAM>(textFont_->Handle()), FALSE);
   SendMessageW(box, EM_SETEVENTMASK, 0, notifyChanges || mixFonts_ ? ENM_CHANGE : 0);
   notifying_.push_back(notifyChanges ? box : nullptr);
   SetWindowSubclass(box, TabLeavesBox, kTabLeavesBoxSubclass, 0);
@@ -256,11 +223,11 @@ LRESULT CALLBACK ToolWindow::Procedure(HWND window, UINT message, WPARAM wParam,
 LRESULT ToolWindow::Dispatch(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case WM_CREATE:
-      uiFont_ = MessageFont();
-      tamilFace_ = TamilCapableFace();
-      textFont_ = TextFont(dpi_, tamilFace_);
-      mixFonts_ = !DrawsTamilAndLatin(tamilFace_);
-      latinFace_ = LatinFace(uiFont_);
+      uiFont_.emplace(controls::SystemFont::Message);
+      tamilFace_ = controls::TamilAndLatinFace();
+      textFont_.emplace(tamilFace_, kTextPointSize);
+      mixFonts_ = !controls::DrawsTamilAndLatin(tamilFace_);
+      latinFace_ = uiFont_->Face();
       OpenWindows().push_back(this);
       OnCreate();
       return 0;

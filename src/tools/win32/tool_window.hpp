@@ -3,9 +3,12 @@
 #include <windows.h>
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "controls/win32/ui_font.hpp"
 
 // What the text tools' windows share: one window class, child controls created at the system
 // DPI, a Tamil-capable font for the text boxes, and a window procedure that traps every error
@@ -14,7 +17,7 @@ namespace quilom::tools::win32 {
 
 class ToolWindow {
  public:
-  virtual ~ToolWindow();
+  virtual ~ToolWindow() = default;
   ToolWindow(const ToolWindow&) = delete;
   ToolWindow& operator=(const ToolWindow&) = delete;
 
@@ -75,13 +78,14 @@ class ToolWindow {
   LRESULT Dispatch(UINT message, WPARAM wParam, LPARAM lParam);
   void ReportTrapped(std::u16string_view description) noexcept;
   void MoveFocus(WPARAM target, bool isHandle);
+  HWND AddControl(int id, const wchar_t* windowClass, std::wstring_view text, DWORD style);
   void FormatScripts(HWND box);
 
   HWND window_ = nullptr;
   std::wstring kind_;
   int dpi_ = 96;
-  HFONT uiFont_ = nullptr;
-  HFONT textFont_ = nullptr;
+  std::optional<controls::UiFont> uiFont_;
+  std::optional<controls::UiFont> textFont_;
   std::wstring tamilFace_;
   std::wstring latinFace_;
   // The Tamil face lacks Latin letters, so the boxes hold rich text with a font per script.
