@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # One end-to-end scenario of the text tools' windows, run through the test host under Wine:
 #   scenario.sh SESSION_DIR HOST_EXE OUTPUT_DIR NAME
-# NAME: at, at2, rt, rt2, url, startup, dpi144. Screenshots go to OUTPUT_DIR/NAME*.png.
+# NAME: at, at2, rt, rt2, url, startup, dpi144, menus. Screenshots go to OUTPUT_DIR/NAME*.png.
+# `menus` runs Quilom++.exe, found beside HOST_EXE, and opens every window from its menu bar.
 # The host gets a private copy of the data tree, so settings the test changes never leak.
 set -euo pipefail
 session=$1
@@ -23,6 +24,7 @@ host_pid() { cat "$work/host.pid" 2>/dev/null || true; }
 
 cleanup() {
   local pid
+  [ -d "$work" ] && touch "$work/stop"
   pid=$(host_pid)
   if [ -n "$pid" ] && kill -0 "$pid" 2>/dev/null; then kill "$pid" 2>/dev/null || true; fi
   rm -rf "$work"
@@ -76,6 +78,34 @@ close_window() {
   fail "the host did not end after Escape closed its window"
 }
 
+winpath() { echo "Z:$(echo "$1" | sed 's#/#\\#g')"; }
+
+# Starts Quilom++.exe from a private copy beside the private data tree (the program reads its
+# data beside itself) and prints its main window's X id.
+start_quilom() {
+  cp "$(dirname "$host_exe")/Quilom++.exe" "$work/Quilom++.exe"
+  wine "$work/Quilom++.exe" --state-file "$(winpath "$work/quilom.state")" --exit-when "$(winpath "$work/stop")" \
+    >"$work/quilom.log" 2>&1 </dev/null &
+  echo $! >"$work/host.pid"
+  local wid
+  wid=$(timeout 40 xdotool search --sync --onlyvisible --name '^Quilom\+\+ : Direct Tamil' | head -1) || true
+  [ -n "$wid" ] || fail "the Quilom++ main window did not open"
+  echo "$wid"
+}
+
+# Clicks the window's caption (a real click makes it Wine's foreground window), then opens
+# MENU's entry with the mnemonic ENTRY and waits for a visible window titled TITLE.
+open_from_menu() {
+  local main=$1 menu=$2 entry=$3 title=$4 wid
+  xdotool windowfocus --sync "$main" 2>/dev/null || true
+  xdotool mousemove --window "$main" 200 12 click 1
+  sleep 0.3
+  xdotool key --delay 150 "$menu" "$entry"
+  wid=$(timeout 20 xdotool search --sync --onlyvisible --name "$title" | head -1) || true
+  [ -n "$wid" ] || fail "$menu $entry did not open a window titled '$title'"
+  echo "$wid"
+}
+
 settings_value() {  # file key -> the line after the key line
   iconv -f UTF-16 -t UTF-8 "$1" | tr -d '\r' | grep -A1 -x "\`\`\`\`\`$2" | tail -1
 }
@@ -108,7 +138,8 @@ case $name in
   rt2)
     wid=$(open_window rt2 'Reverse Transliteration \(small\)')
     xdotool key --delay 50 alt+t s
-    wait_box_holds alt+l 'thamizh oru pazhamaiyaana mozhi'
+    # Its own word list spells names as English texts do.
+    wait_box_holds alt+l 'Tamil oru pazhamaiyaana mozhi. idhu India, Sri Lanka, Singapore'
     shot rt2
     close_window
     ;;
@@ -145,6 +176,8 @@ case $name in
     link=
     for _ in $(seq 20); do link=$(find_link); [ -n "$link" ] && break; sleep 0.1; done
     [ -n "$link" ] || fail "no link after ticking"
+    settings="$work/Sorvin/Indic Direct Typer/Settings.txt"
+    [ "$(settings_value "$settings" 'StartQuilom++ WithWindows')" = 1 ] || fail "ticking did not save 1"
     shot startup
     contents=$(tr -d '\r' <"$link")
     [ "$(grep -c '^\[InternetShortcut\]$' <<<"$contents")" = 1 ] || fail "link: $contents"
@@ -154,6 +187,7 @@ case $name in
     xdotool key alt+s  # untick: the link goes
     for _ in $(seq 20); do [ -f "$link" ] || break; sleep 0.1; done
     [ ! -f "$link" ] || fail "the link is still there after unticking"
+    [ "$(settings_value "$settings" 'StartQuilom++ WithWindows')" = 0 ] || fail "unticking did not save 0"
     close_window
     ;;
   dpi144)
@@ -170,6 +204,31 @@ case $name in
     wine reg add 'HKCU\Control Panel\Desktop' /v LogPixels /t REG_DWORD /d 96 /f >/dev/null 2>&1
     [ $((wide * 10)) -ge $((narrow * 14)) ] || fail "at 144 DPI the window is $wide wide, at 96 DPI $narrow"
     echo "width at 96 DPI: $narrow, at 144 DPI: $wide"
+    ;;
+  menus)
+    main=$(start_quilom)
+    # Menu key, entry mnemonic, title of the window it opens.
+    while IFS="|" read -r -u 3 menu entry title; do
+      wid=$(open_from_menu "$main" "$menu" "$entry" "$title")
+      sleep 1
+      shot "menus-$menu-$entry"
+      echo "$menu $entry: '$(xdotool getwindowname "$wid")'"
+      xdotool windowfocus --sync "$wid" 2>/dev/null || true
+      xdotool key alt+F4
+      for _ in $(seq 50); do
+        xdotool search --onlyvisible --name "$title" >/dev/null 2>&1 || break
+        sleep 0.1
+      done
+      ! xdotool search --onlyvisible --name "$title" >/dev/null 2>&1 || fail "'$title' did not close on Alt+F4"
+    done 3<<'MENUS'
+alt+t|f|^Quilom\+\+ : Tamil Fonts Converter$
+alt+t|r|^Quilom\+\+ - Reverse Transliteration$
+alt+t|s|^Quilom\+\+ - Reverse Transliteration \(small\)$
+alt+t|a|^Quilom\+\+ - Auto Transliterator$
+alt+t|b|^Quilom\+\+ - Auto Transliterator \(side by side\)$
+alt+t|u|^Quilom\+\+ - URL Normalizer$
+alt+e|w|^Quilom\+\+ - Start with Windows$
+MENUS
     ;;
   *)
     fail "unknown scenario"
