@@ -9,6 +9,7 @@
 #include "translit/catalogue_filters.hpp"
 #include "translit/catalogue_lists.hpp"
 #include "translit/catalogue_screen.hpp"
+#include "translit/catalogue_view.hpp"
 
 namespace quilom::translit {
 namespace {
@@ -197,6 +198,77 @@ TEST(CatalogueScreen, StateIsReadAndWrittenBack) {
   EXPECT_EQ(settings::ReadTextFile(path),
             u"Column Widths`````1,2\r\nLast ScreenWidth`````1024\r\nLast ScreenHeight`````700\r\n"
             u"Maximized State`````0\r\nFileToBe Loaded`````Sorted\r\n");
+}
+
+}  // namespace
+}  // namespace quilom::translit
+
+namespace quilom::translit {
+namespace {
+
+LfkRow Row(std::u16string_view name, std::u16string_view fourth) {
+  LfkRow row = LfkRowOfName(name);
+  row.fourth = std::u16string(fourth);
+  return row;
+}
+
+std::vector<LfkRow> MixedRows() {
+  return {Row(u"Tamil-Unicode-PhoneticTransliteration", u"1"), Row(u"Hindi-Unicode-PhoneticTransliteration", u"2"),
+          Row(u"Tamil-Bamini-PhoneticTransliteration", u"3"), Row(u"Greek-Unicode-PhoneticTransliteration", u"4"),
+          Row(u"Tamil-Unicode-TamilNet99", u"5")};
+}
+
+TEST(CatalogueView, FilterShowsMatchingRowsAndFinalizeTakesOnlyThose) {
+  CatalogueView view;
+  view.SetRows(MixedRows());
+  view.SetFilter({u"Except Tamil", std::u16string(kAllEncodings), std::u16string(kAllLayouts)});
+  EXPECT_EQ(view.Shown(), (std::vector<int>{1, 3}));
+  EXPECT_EQ(Names(view.ShownRows()),
+            (std::vector<std::u16string>{u"Hindi-Unicode-PhoneticTransliteration", u"Greek-Unicode-PhoneticTransliteration"}));
+  // A new list keeps the chosen filter.
+  view.SetRows({Row(u"Tamil-Unicode-TypeWriterNew", u"9"), Row(u"Arabic-Unicode-PhoneticTransliteration", u"8")});
+  EXPECT_EQ(view.Shown(), (std::vector<int>{1}));
+}
+
+TEST(CatalogueView, MovingUnderAFilterSwapsShownNeighboursAndLeavesHiddenRowsInPlace) {
+  CatalogueView view;
+  view.SetRows(MixedRows());
+  view.SetFilter({u"Tamil", std::u16string(kAllEncodings), std::u16string(kAllLayouts)});
+  ASSERT_EQ(view.Shown(), (std::vector<int>{0, 2, 4}));
+  EXPECT_EQ(view.MoveShown(2, -1), 1);
+  EXPECT_EQ(view.MoveShown(0, -1), 0);  // already first
+  EXPECT_EQ(view.MoveShown(2, 1), 2);   // already last
+  EXPECT_EQ(view.MoveShown(7, 1), 7);   // no such row
+  std::vector<std::u16string> fourths;
+  for (const auto& row : view.Rows()) fourths.push_back(row.fourth);
+  EXPECT_EQ(fourths, (std::vector<std::u16string>{u"1", u"2", u"5", u"4", u"3"}));
+}
+
+TEST(CatalogueView, FinderGivesShownPositionsAndDropsTheFilterForAHiddenLanguage) {
+  CatalogueView view;
+  view.SetRows(MixedRows());
+  view.SetFilter({std::u16string(kAllLanguages), u"Unicode", std::u16string(kAllLayouts)});
+  ASSERT_EQ(view.Shown(), (std::vector<int>{0, 1, 3, 4}));
+
+  const auto greek = view.Find({u"Greek", std::u16string(kAllEncodings), std::u16string(kAllLayouts)}, u"Greek");
+  EXPECT_EQ(greek.shownIndex, 2);
+  EXPECT_FALSE(greek.clearsFilter);
+  EXPECT_TRUE(greek.message.empty());
+
+  // Only the hidden Bamini row matches: the message is shown, then the first Tamil row.
+  const auto bamini = view.Find({u"Tamil", u"Bamini", std::u16string(kAllLayouts)}, u"Bamini");
+  EXPECT_EQ(bamini.message, NoMatchingLfkMessage(u"Bamini", u"Tamil"));
+  EXPECT_EQ(bamini.shownIndex, 0);
+  EXPECT_FALSE(bamini.clearsFilter);
+
+  view.SetFilter({u"Hindi", std::u16string(kAllEncodings), std::u16string(kAllLayouts)});
+  const auto tamil = view.Find({u"Tamil", std::u16string(kAllEncodings), std::u16string(kAllLayouts)}, u"Tamil");
+  EXPECT_TRUE(tamil.clearsFilter);
+  EXPECT_EQ(tamil.shownIndex, 0);
+
+  const auto none = view.Find({u"Sourashtra", std::u16string(kAllEncodings), std::u16string(kAllLayouts)}, u"Sourashtra");
+  EXPECT_EQ(none.shownIndex, -1);
+  EXPECT_FALSE(none.message.empty());
 }
 
 }  // namespace

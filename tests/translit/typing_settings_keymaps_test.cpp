@@ -6,6 +6,7 @@
 #include "translit/engine.hpp"
 #include "translit/keymap_resolution.hpp"
 #include "translit/output_sink.hpp"
+#include "translit/typing_settings2.hpp"
 
 namespace quilom::translit {
 namespace {
@@ -125,6 +126,32 @@ TEST(KeymapResolution, AdjustedTextKeepsLineNumbersForProblemReports) {
   ASSERT_EQ(notices.size(), 1u);
   EXPECT_NE(notices[0].find(u"4"), std::u16string::npos) << text::Utf16ToUtf8(notices[0]);
   EXPECT_EQ(LoadKeymapForSettings(folders, excludeH, u"Tamil-Unicode-TamilNet99", tables), LoadOutcome::Missing);
+}
+
+// The chain the main window runs at load: the ticks written by the settings windows, read back
+// from the ini files, become the loader options and the engine settings.
+TEST(KeymapResolution, TicksInTheIniFilesSteerTheModifierLoaderAndTheEngine) {
+  testing::TempFolder temp;
+  const auto folders = DataFolders::ForDataRoot(temp / "Sorvin");
+  const std::u16string_view hindi = u"Hindi-Unicode-PhoneticTransliteration";
+  const std::u16string_view tamil = u"Tamil-Unicode-PhoneticTransliteration";
+
+  TypingSettings fresh = LoadTypingSettings(folders);
+  ModifierLoadOptions modifiers = ModifierOptionsFor(fresh);
+  EXPECT_TRUE(modifiers.vowelSwitch && modifiers.modifierSwitch);
+  EXPECT_FALSE(modifiers.longEeOoW);
+  EXPECT_EQ(EngineSettingsFor(fresh, hindi).punctuationSwitch, 1);
+  EXPECT_EQ(EngineSettingsFor(fresh, tamil).punctuationSwitch, 0);
+
+  ASSERT_TRUE(WriteTypingSetting(folders, kOwnKeyboardLayoutKey, true));
+  ASSERT_TRUE(WriteTypingSetting(folders, kClassicKey, false));
+  ClickSetKeyRow(folders, {false, std::u16string(kExtendedScheme), u"0"}, true);
+  const TypingSettings changed = LoadTypingSettings(folders);
+  modifiers = ModifierOptionsFor(changed);
+  EXPECT_FALSE(modifiers.vowelSwitch || modifiers.modifierSwitch);
+  EXPECT_TRUE(modifiers.longEeOoW);
+  EXPECT_EQ(EngineSettingsFor(changed, hindi).punctuationSwitch, 0);
+  EXPECT_EQ(EngineSettingsFor(changed, hindi).typingMode, EngineSettingsFor(fresh, hindi).typingMode);
 }
 
 }  // namespace

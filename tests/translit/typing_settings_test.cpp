@@ -2,11 +2,14 @@
 
 #include <gtest/gtest.h>
 
+#include <set>
+
 #include "settings/ini_file.hpp"
 #include "settings/text_file.hpp"
 #include "support/recording_reporter.hpp"
 #include "support/temp_folder.hpp"
 #include "translit/typing_settings2.hpp"
+#include "translit/typing_settings_items.hpp"
 
 namespace quilom::translit {
 namespace {
@@ -149,6 +152,38 @@ TEST(TypingSettings2, RestoreDefaultsPutsTheFactoryCopyBack) {
   EXPECT_FALSE(RestoreSettings2Defaults(folders));
   EXPECT_TRUE(reports->HasTag(u"qmset2 - RsD"));
   EXPECT_EQ(testing::ReadBytes(inis / "qm-settings-2.ini"), before);
+}
+
+TEST(TypingSettingItems, EachCategoryShowsTheKeysOfItsOwnSections) {
+  std::set<std::u16string> keys;
+  for (const int row : {0, 2, 4}) {
+    const auto sections = SectionsOfCategory(row);
+    const auto items = ItemsOfCategory(row);
+    ASSERT_FALSE(items.empty()) << row;
+    for (const auto& item : items) {
+      EXPECT_TRUE(item.key.section == sections[0] || item.key.section == sections[1]) << row;
+      keys.insert(std::u16string(item.key.section) + u"/" + std::u16string(item.key.key));
+    }
+  }
+  // Every key of the file has exactly one box, and the separators show none.
+  EXPECT_EQ(keys.size(), TypingSettingItems().size());
+  EXPECT_EQ(keys.size(), 10u);
+  EXPECT_TRUE(ItemsOfCategory(1).empty());
+  EXPECT_TRUE(ItemsOfCategory(3).empty());
+  EXPECT_TRUE(ItemsOfCategory(5).empty());
+}
+
+TEST(TypingSettingItems, BoxesShowWhatWasWrittenAndTheDefaultsOtherwise) {
+  TempFolder temp;
+  const auto folders = DataFolders::ForDataRoot(temp / "Sorvin");
+  for (const auto& item : TypingSettingItems()) {
+    EXPECT_EQ(ReadTypingSetting(folders, item.key), item.key.fallback == u"1");
+  }
+  ASSERT_TRUE(WriteTypingSetting(folders, kClassicKey, false));
+  ASSERT_TRUE(WriteTypingSetting(folders, kExcludeHKey, true));
+  EXPECT_FALSE(ReadTypingSetting(folders, kClassicKey));
+  EXPECT_TRUE(ReadTypingSetting(folders, kExcludeHKey));
+  EXPECT_FALSE(ReadTypingSetting(folders, kChChKey));
 }
 
 }  // namespace
