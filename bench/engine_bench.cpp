@@ -31,11 +31,13 @@ const std::filesystem::path& KeymapFolder() {
 
 constexpr char16_t kScheme[] = u"Tamil-Unicode-PhoneticTransliteration";
 
-// A phonetic paragraph of about 2,000 keys, spaces included, as a typist would send them.
-std::u16string Paragraph() {
-  const std::u16string sentence =
-      u"vaNakkam thamizh makkaLE inRu naam puththakam padiththOm avaL kaatru vanthaan ezhuththu "
-      u"thiruvaLLuvar uyir mozhi pazham gnaanam kshaththiriyan Sri haaSyam owvaiyaar aiyaa ";
+constexpr char16_t kPhoneticSentence[] =
+    u"vaNakkam thamizh makkaLE inRu naam puththakam padiththOm avaL kaatru vanthaan ezhuththu "
+    u"thiruvaLLuvar uyir mozhi pazham gnaanam kshaththiriyan Sri haaSyam owvaiyaar aiyaa ";
+constexpr char16_t kTamil99Sentence[] = u"vphhkf lks/f akkq jpokf s;ls'q hufh jhhkf g/dlldhhs Z A N U Us ";
+
+// A paragraph of about 2,000 keys, spaces included, as a typist would send them.
+std::u16string Paragraph(std::u16string_view sentence) {
   std::u16string text;
   while (text.size() < 2000) text += sentence;
   return text.substr(0, 2000);
@@ -49,13 +51,13 @@ class CountingSink final : public translit::OutputSink {
   void Emit(int eraseCount, std::u16string_view text) override { units += eraseCount + text.size(); }
 };
 
-void BM_EnginePerKey(benchmark::State& state) {
+void BM_EnginePerKey(benchmark::State& state, std::u16string_view scheme, std::u16string_view sentence) {
   std::shared_ptr<const translit::PhoneticKeymap> tables;
-  if (translit::LoadPhoneticKeymap(KeymapFolder(), kScheme, {}, tables) != translit::LoadOutcome::Loaded) {
+  if (translit::LoadPhoneticKeymap(KeymapFolder(), scheme, {}, tables) != translit::LoadOutcome::Loaded) {
     state.SkipWithError("keymap not loaded");
     return;
   }
-  const std::u16string paragraph = Paragraph();
+  const std::u16string paragraph = Paragraph(sentence);
   CountingSink sink;
   translit::Engine engine(sink);
   engine.SetKeymap(tables);
@@ -74,7 +76,8 @@ void BM_EnginePerKey(benchmark::State& state) {
       benchmark::Counter(static_cast<double>(paragraph.size()),
                          benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
 }
-BENCHMARK(BM_EnginePerKey);
+BENCHMARK_CAPTURE(BM_EnginePerKey, TamilPhonetic, kScheme, kPhoneticSentence);
+BENCHMARK_CAPTURE(BM_EnginePerKey, Tamil99, u"Tamil-Unicode-TamilNet99", kTamil99Sentence);
 
 void BM_LoadTamilKeymap(benchmark::State& state) {
   for (auto _ : state) {
