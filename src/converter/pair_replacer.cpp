@@ -47,6 +47,15 @@ class OutputBuffer {
     }
     used_ += units.size();
   }
+  // The same, for units that may be read WordMemo::kReadAhead units past their end.
+  void AppendReadingAhead(std::u16string_view units) {
+    if (units.size() > WordMemo::kReadAhead || used_ + WordMemo::kReadAhead > text_.size()) {
+      Append(units);
+      return;
+    }
+    std::memcpy(text_.data() + used_, units.data(), WordMemo::kReadAhead * sizeof(char16_t));
+    used_ += units.size();
+  }
   std::u16string Take() {
     text_.resize(used_);
     return std::move(text_);
@@ -148,21 +157,11 @@ void WordMemo::Clear() {
 std::uint64_t WordMemo::PackedKey(std::u16string_view word) {
   if (word.empty() || word.size() > kPackedUnits) return 0;
   std::uint64_t key = 0;
-  for (const char16_t unit : word) {
-    if (unit == 0) return 0;
-    key = key << 16 | unit;
+  for (std::size_t at = 0; at < word.size(); ++at) {
+    if (word[at] == 0) return 0;
+    key |= std::uint64_t{word[at]} << (16 * at);
   }
   return key;
-}
-
-std::optional<std::u16string_view> WordMemo::FindPacked(std::uint64_t key) const {
-  if (packedEntries_.empty()) return std::nullopt;
-  const std::size_t mask = packedEntries_.size() - 1;
-  for (std::size_t at = PackedHome(key);; at = (at + 1) & mask) {
-    const PackedEntry& entry = packedEntries_[at];
-    if (entry.key == key) return std::u16string_view(packedResults_.data() + entry.offset, entry.length);
-    if (entry.key == 0) return std::nullopt;
-  }
 }
 
 void WordMemo::InsertPacked(std::uint64_t key, std::u16string_view converted) {
@@ -171,9 +170,11 @@ void WordMemo::InsertPacked(std::uint64_t key, std::u16string_view converted) {
   const std::size_t mask = packedEntries_.size() - 1;
   std::size_t at = PackedHome(key);
   while (packedEntries_[at].key != 0) at = (at + 1) & mask;
+  packedResults_.resize(packedResults_.size() - std::min(packedResults_.size(), kReadAhead));
   packedEntries_[at] = {key, static_cast<std::uint32_t>(packedResults_.size()),
                         static_cast<std::uint32_t>(converted.size())};
   packedResults_.append(converted);
+  packedResults_.append(kReadAhead, u'\0');
   ++packedCount_;
 }
 
@@ -242,18 +243,19 @@ PairReplacer::PairReplacer(std::vector<TablePair> pairs)
 void PairReplacer::FindSafeCuts() {
   // A table over the whole code space would not fit; so many units in find texts are not a
   // conversion table, and they convert correctly without cuts inside words.
-  constexpr std::size_t kMostClasses = 4096;
+  constexpr std::size_t kMostClasses = 1024;
   if (classCount_ > kMostClasses) {
     for (std::uint16_t& unitClass : unitClass_) unitClass = unitClass == 0 ? 0 : 1;
     classCount_ = 2;
-    safeCuts_.assign(2, 0);
+    // Cuts only where separators begin and end.
+    safeCuts_ = {0, 1, 1, 0};
     return;
   }
   const std::size_t classes = classCount_;
-  classWords_ = (classes + 63) / 64;
-  std::vector<std::uint64_t> spanned(classes * classWords_, 0);
+  const std::size_t classWords = (classes + 63) / 64;
+  std::vector<std::uint64_t> spanned(classes * classWords, 0);
   const auto isSpanned = [&](std::size_t before, std::size_t after) {
-    return (spanned[before * classWords_ + after / 64] >> (after % 64)) & 1;
+    return (spanned[before * classWords + after / 64] >> (after % 64)) & 1;
   };
   const auto classOf = [&](char16_t unit) { return std::size_t{unitClass_[unit]}; };
   std::vector<std::pair<std::size_t, std::size_t>> marks;
@@ -273,10 +275,14 @@ void PairReplacer::FindSafeCuts() {
     for (std::size_t at = 1; at < pair.find.size(); ++at) {
       marks.emplace_back(classOf(pair.find[at - 1]), classOf(pair.find[at]));
     }
-    for (const auto& [before, after] : marks) spanned[before * classWords_ + after / 64] |= std::uint64_t{1} << (after % 64);
+    for (const auto& [before, after] : marks) spanned[before * classWords + after / 64] |= std::uint64_t{1} << (after % 64);
   }
-  safeCuts_.resize(spanned.size());
-  for (std::size_t at = 0; at < spanned.size(); ++at) safeCuts_[at] = ~spanned[at];
+  safeCuts_.resize(classes * classes);
+  for (std::size_t before = 0; before < classes; ++before) {
+    for (std::size_t after = 0; after < classes; ++after) safeCuts_[before * classes + after] = !isSpanned(before, after);
+  }
+  // A run of separators is kept whole.
+  safeCuts_[0] = 0;
 }
 
 void PairReplacer::AddCandidates(std::u16string_view text, PairBits& candidates) const {
@@ -334,7 +340,7 @@ void PairReplacer::ConvertPiece(std::u16string_view piece, std::uint64_t key, Ou
       key != 0 ? remembered_.FindPacked(key) : remembered_.Find(piece, hash);
   if (known) {
     ++hits_;
-    out.Append(*known);
+    out.AppendReadingAhead(*known);
     return;
   }
   const std::u16string_view converted = ConvertWord(piece);
@@ -350,38 +356,55 @@ void PairReplacer::ConvertPiece(std::u16string_view piece, std::uint64_t key, Ou
   }
 }
 
+template <typename Output>
+inline void PairReplacer::EmitPiece(std::u16string_view text, std::size_t begin, std::size_t end, Output& out) {
+  const std::u16string_view piece = text.substr(begin, end - begin);
+  if (unitClass_[piece.front()] == 0) {
+    out.Append(piece);
+    return;
+  }
+  std::uint64_t key = 0;
+  if (packable_ && piece.size() <= WordMemo::kPackedUnits) {
+    if (std::endian::native == std::endian::little && begin + WordMemo::kPackedUnits <= text.size()) {
+      std::memcpy(&key, piece.data(), sizeof key);
+      key &= ~std::uint64_t{0} >> (64 - 16 * piece.size());
+    } else {
+      key = WordMemo::PackedKey(piece);
+    }
+  }
+  ConvertPiece(piece, key, out);
+}
+
 std::u16string PairReplacer::Apply(std::u16string_view text, const std::function<void(int)>& progress) {
   OutputBuffer out(text.size() + text.size() / 2 + 16);
   const std::size_t step = std::max<std::size_t>(text.size() / 100, 1 << 16);
   std::size_t nextReport = step;
   const std::uint16_t* classes = unitClass_.data();
   const std::size_t size = text.size();
-  std::size_t at = 0;
-  while (at < size) {
-    std::uint16_t before = classes[text[at]];
-    if (before == 0) {
-      const std::size_t separatorsBegin = at;
-      while (++at < size && classes[text[at]] == 0) {
-      }
-      out.Append(text.substr(separatorsBegin, at - separatorsBegin));
-    } else {
-      // The piece's units, packed as they are read, for the remembered pieces' key.
-      const std::size_t pieceBegin = at;
-      std::uint64_t key = text[at];
-      while (++at < size) {
-        const std::uint16_t after = classes[text[at]];
-        if (after == 0 || CutsBetween(before, after)) break;
-        key = key << 16 | text[at];
-        before = after;
-      }
-      const std::size_t length = at - pieceBegin;
-      ConvertPiece(text.substr(pieceBegin, length), packable_ && length <= WordMemo::kPackedUnits ? key : 0, out);
+  std::size_t pieceBegin = 0;
+  std::uint16_t before = size == 0 ? 0 : classes[text[0]];
+  // The cuts of 64 units at a time as bits, worked out without a branch, then the pieces
+  // between them: where pieces end is the one thing about a text that no branch predicts.
+  for (std::size_t block = 0; block < size; block += 64) {
+    const std::size_t blockEnd = std::min(block + 64, size);
+    std::uint64_t cuts = 0;
+    for (std::size_t at = std::max<std::size_t>(block, 1); at < blockEnd; ++at) {
+      const std::uint16_t after = classes[text[at]];
+      cuts |= static_cast<std::uint64_t>(CutsBetween(before, after)) << (at - block);
+      before = after;
     }
-    if (progress && at >= nextReport) {
-      progress(static_cast<int>(at * 100 / size));
-      nextReport = at + step;
+    while (cuts != 0) {
+      const std::size_t cut = block + static_cast<std::size_t>(std::countr_zero(cuts));
+      cuts &= cuts - 1;
+      EmitPiece(text, pieceBegin, cut, out);
+      pieceBegin = cut;
+    }
+    if (progress && blockEnd >= nextReport) {
+      progress(static_cast<int>(blockEnd * 100 / size));
+      nextReport = blockEnd + step;
     }
   }
+  if (pieceBegin < size) EmitPiece(text, pieceBegin, size, out);
   if (progress) {
     progress(100);
   }

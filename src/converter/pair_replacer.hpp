@@ -48,7 +48,18 @@ class WordMemo {
   // of most texts are such words, and their key is their whole text, so a lookup reads one slot.
   static constexpr std::size_t kPackedUnits = 4;
   static std::uint64_t PackedKey(std::u16string_view word);
-  std::optional<std::u16string_view> FindPacked(std::uint64_t key) const;
+  // A packed result may be read kReadAhead units past its end, so callers can copy short
+  // results in one fixed-size move.
+  static constexpr std::size_t kReadAhead = 8;
+  std::optional<std::u16string_view> FindPacked(std::uint64_t key) const {
+    if (packedEntries_.empty()) return std::nullopt;
+    const std::size_t mask = packedEntries_.size() - 1;
+    for (std::size_t at = PackedHome(key);; at = (at + 1) & mask) {
+      const PackedEntry& entry = packedEntries_[at];
+      if (entry.key == key) return std::u16string_view(packedResults_.data() + entry.offset, entry.length);
+      if (entry.key == 0) return std::nullopt;
+    }
+  }
   void InsertPacked(std::uint64_t key, std::u16string_view converted);
   std::size_t Size() const { return count_ + packedCount_; }
   void Clear();
@@ -105,12 +116,15 @@ class PairReplacer {
   };
   static Signature SignatureOf(std::u16string_view text);
 
+  // Copies a run of separators, converts anything else.
+  template <typename Output>
+  void EmitPiece(std::u16string_view text, std::size_t begin, std::size_t end, Output& out);
   // `key` is the piece's WordMemo::PackedKey, or 0 to look it up by its hash.
   template <typename Output>
   void ConvertPiece(std::u16string_view piece, std::uint64_t key, Output& out);
   void FindSafeCuts();
-  bool CutsBetween(std::uint16_t before, std::uint16_t after) const {
-    return (safeCuts_[before * classWords_ + after / 64] >> (after % 64)) & 1;
+  std::uint8_t CutsBetween(std::uint16_t before, std::uint16_t after) const {
+    return safeCuts_[before * classCount_ + after];
   }
   // Converts into converted_ and returns a view of it.
   std::u16string_view ConvertWord(std::u16string_view word);
@@ -122,8 +136,8 @@ class PairReplacer {
   std::vector<PairBits> unitPairBits_;   // the pairs whose find text begins with the unit
   // Units of the find texts get classes 1.., every other unit class 0 (a separator).
   std::vector<std::uint16_t> unitClass_;
-  std::size_t classCount_ = 1, classWords_ = 1;
-  std::vector<std::uint64_t> safeCuts_;  // bit [before][after]: no match ever spans the two
+  std::size_t classCount_ = 1;
+  std::vector<std::uint8_t> safeCuts_;  // [before][after]: 1 when no match ever spans the two
   bool packable_ = true;                 // no find text holds U+0000, so keys are unambiguous
   WordMemo remembered_;
   // Remembering pays only when words come back; a text of words seen once stops it.
