@@ -42,6 +42,9 @@ MAIN_WINDOW = [
     ("CopyPaste Editing", "0"),
     ("Include Hotkeys", "1"),
     ("Present Hotkey", "Alt+F12"),
+    # Read by the start-up link in the general settings: off until the user asks for it, so an
+    # installation never writes into the Startup folder on its own.
+    ("StartQuilom++ WithWindows", "0"),
 ]
 
 # The converter opens on the commonest job: the first legacy encoding (position 1, "Unicode"

@@ -4,19 +4,36 @@
 
 #include <memory>
 
+#include "settings/win32/system_text_settings.hpp"
+#include "shell/win32/app_windows.hpp"
 #include "shell/win32/beloved_oska.hpp"
 #include "shell/win32/launch_options.hpp"
 #include "shell/win32/message_box_reporter.hpp"
 #include "shell/win32/single_instance.hpp"
-#include "settings/win32/system_text_settings.hpp"
+#include "shell/win32/floater_link.hpp"
 
 namespace quilom::shell::win32 {
 
+namespace {
+
+void RunMessageLoop(HWND mainWindow) {
+  MSG message;
+  while (GetMessageW(&message, nullptr, 0, 0) > 0) {
+    if (RouteAppWindowMessage(message)) continue;
+    // Tab, the mnemonics, Enter and Escape in the main window, as in a dialog.
+    if (IsWindow(mainWindow) && IsDialogMessageW(mainWindow, &message)) continue;
+    TranslateMessage(&message);
+    DispatchMessageW(&message);
+  }
+}
+
+}  // namespace
+
 // One copy at a time; the first copy shows the main window and runs the message loop until the
 // window goes.
-int Main(int showCommand) {
-  SingleInstance instance;
-  if (instance.AnotherCopyRunning()) {
+int Main(HINSTANCE instance, int showCommand) {
+  SingleInstance single;
+  if (single.AnotherCopyRunning()) {
     ActivateRunningCopy();
     return 0;
   }
@@ -28,20 +45,19 @@ int Main(int showCommand) {
   InitCommonControlsEx(&controls);
 
   BelovedOska mainWindow(ParseLaunchOptions(CommandLineWords()));
+  const FloaterLink floater = MakeFloater(instance, mainWindow, mainWindow.Folders());
+  mainWindow.AttachFloater(floater.floater.get(), floater.toggle);
   if (!mainWindow.Show(showCommand)) return 1;
-  MSG message;
-  while (GetMessageW(&message, nullptr, 0, 0) > 0) {
-    TranslateMessage(&message);
-    DispatchMessageW(&message);
-  }
+  floater.showIfAsked();
+  RunMessageLoop(mainWindow.Handle());
   return 0;
 }
 
 }  // namespace quilom::shell::win32
 
-int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int showCommand) {
+int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR, int showCommand) {
   try {
-    return quilom::shell::win32::Main(showCommand);
+    return quilom::shell::win32::Main(instance, showCommand);
   } catch (...) {
     return 1;
   }

@@ -70,11 +70,11 @@ bool TrayIcon::ShowBalloon(const BalloonText& balloon) {
   CopyInto(data.szInfoTitle, balloon.title);
   CopyInto(data.szInfo, balloon.text);
   data.dwInfoFlags = NIIF_INFO;
-  data.uTimeout = kBalloonTimeoutMs;  // read by older shells only; the timer below rules
+  data.uTimeout = balloonTimeoutMs_;  // read by older shells only; the timer below rules
   if (Shell_NotifyIconW(NIM_MODIFY, &data) == FALSE) return false;
   // Newer shells keep a balloon up for the user's accessibility time-out, whatever we ask:
   // the timer takes it down so that a quick run of hotkeys does not stack balloons.
-  SetTimer(owner_, timerId_, kBalloonTimeoutMs, nullptr);
+  SetTimer(owner_, timerId_, balloonTimeoutMs_, nullptr);
   return true;
 }
 

@@ -34,7 +34,9 @@ class TrayIcon {
   bool SetTip(std::u16string_view tip);
   // Changes the icon and its tip together (the language indicator while typing).
   bool SetIcon(HICON icon, std::u16string_view tip);
-  // Shows a balloon and starts the timer that hides it after kBalloonTimeoutMs.
+  // How long balloons stay up from now on (kBalloonTimeoutMs until set).
+  void SetBalloonTimeout(UINT milliseconds) { balloonTimeoutMs_ = milliseconds; }
+  // Shows a balloon and starts the timer that hides it after the balloon time-out.
   bool ShowBalloon(const BalloonText& balloon);
   // Hides the balloon now. Returns true when `timerId` was ours (the owner need not look further).
   bool OnTimer(UINT_PTR timerId);
@@ -56,6 +58,7 @@ class TrayIcon {
   HICON icon_ = nullptr;
   std::u16string tip_;
   bool shown_ = false;
+  UINT balloonTimeoutMs_ = kBalloonTimeoutMs;
 };
 
 }  // namespace quilom::shell::win32
