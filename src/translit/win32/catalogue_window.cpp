@@ -75,17 +75,16 @@ class CatalogueWindow final : public tools::win32::ToolWindow {
 
  protected:
   void OnCreate() override {
-    AddLabel(kFilterLabel, L"Filter &By:");
-    AddLabel(kFindLabel, L"F&ind:");
     const std::u16string person = PersonNamedEncoding(LoadLfkList(folders_, kOriginalList).value_or(std::vector<LfkRow>{}));
     const std::array<std::vector<std::u16string>, 3> filters = {
         LanguageVocabulary(), EncodingVocabulary(person, VocabularyUse::Filter), LayoutVocabulary()};
     const std::array<std::vector<std::u16string>, 3> finders = {
         LanguageVocabulary(), EncodingVocabulary(person, VocabularyUse::Finder), LayoutVocabulary()};
-    for (int i = 0; i < 3; ++i) {
-      AddCombo(kFilterFirst + i, filters[static_cast<size_t>(i)]);
-      AddCombo(kFinderFirst + i, finders[static_cast<size_t>(i)]);
-    }
+    // A label's mnemonic reaches the control made after it, so each row is made in order.
+    AddLabel(kFilterLabel, L"Filter &By:");
+    for (int i = 0; i < 3; ++i) AddCombo(kFilterFirst + i, filters[static_cast<size_t>(i)]);
+    AddLabel(kFindLabel, L"F&ind:");
+    for (int i = 0; i < 3; ++i) AddCombo(kFinderFirst + i, finders[static_cast<size_t>(i)]);
     AddGrid();
     AddLabel(kStatus, L"");
     AddButton(kMoveUp, L"Move &Up");
