@@ -230,7 +230,9 @@ PairReplacer::PairReplacer(std::vector<TablePair> pairs)
       if (unitClass_[unit] == 0) unitClass_[unit] = static_cast<std::uint16_t>(classCount_++);
     }
   }
-  FindSafeCuts();
+  // Classes name single units unless FindSafeCuts had to merge them.
+  const bool classesAreUnits = FindSafeCuts();
+  if (classesAreUnits) singles_.assign(classCount_, SingleResult{});
 }
 
 // Walks the table backwards keeping `spanned`: the two classes a cut may hold at pair i for
@@ -240,7 +242,7 @@ PairReplacer::PairReplacer(std::vector<TablePair> pairs)
 // brings units from further left); likewise on the right with the find's first unit; and both
 // at once. What replaces a unit is judged by the set after the pair, so every mark is worked
 // out before any is made.
-void PairReplacer::FindSafeCuts() {
+bool PairReplacer::FindSafeCuts() {
   // A table over the whole code space would not fit; so many units in find texts are not a
   // conversion table, and they convert correctly without cuts inside words.
   constexpr std::size_t kMostClasses = 1024;
@@ -249,7 +251,7 @@ void PairReplacer::FindSafeCuts() {
     classCount_ = 2;
     // Cuts only where separators begin and end.
     safeCuts_ = {0, 1, 1, 0};
-    return;
+    return false;
   }
   const std::size_t classes = classCount_;
   const std::size_t classWords = (classes + 63) / 64;
@@ -283,6 +285,7 @@ void PairReplacer::FindSafeCuts() {
   }
   // A run of separators is kept whole.
   safeCuts_[0] = 0;
+  return true;
 }
 
 void PairReplacer::AddCandidates(std::u16string_view text, PairBits& candidates) const {
@@ -328,8 +331,20 @@ std::u16string_view PairReplacer::ConvertWord(std::u16string_view word) {
   return converted_;
 }
 
+std::u16string_view PairReplacer::ConvertSingle(std::uint16_t unitClass, std::u16string_view unit) {
+  SingleResult& single = singles_[unitClass];
+  if (single.length == SingleResult::kUnknown) {
+    const std::u16string_view converted = ConvertWord(unit);
+    singleResults_.resize(singleResults_.size() - std::min(singleResults_.size(), WordMemo::kReadAhead));
+    single = {static_cast<std::uint32_t>(singleResults_.size()), static_cast<std::uint32_t>(converted.size())};
+    singleResults_.append(converted);
+    singleResults_.append(WordMemo::kReadAhead, u'\0');
+  }
+  return std::u16string_view(singleResults_.data() + single.offset, single.length);
+}
+
 template <typename Output>
-void PairReplacer::ConvertPiece(std::u16string_view piece, std::uint64_t key, Output& out) {
+inline void PairReplacer::ConvertPiece(std::u16string_view piece, std::uint64_t key, Output& out) {
   if (!remembering_) {
     out.Append(ConvertWord(piece));
     return;
@@ -359,8 +374,13 @@ void PairReplacer::ConvertPiece(std::u16string_view piece, std::uint64_t key, Ou
 template <typename Output>
 inline void PairReplacer::EmitPiece(std::u16string_view text, std::size_t begin, std::size_t end, Output& out) {
   const std::u16string_view piece = text.substr(begin, end - begin);
-  if (unitClass_[piece.front()] == 0) {
+  const std::uint16_t unitClass = unitClass_[piece.front()];
+  if (unitClass == 0) {
     out.Append(piece);
+    return;
+  }
+  if (piece.size() == 1 && !singles_.empty()) {
+    out.AppendReadingAhead(ConvertSingle(unitClass, piece));
     return;
   }
   std::uint64_t key = 0;

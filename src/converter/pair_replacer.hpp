@@ -119,10 +119,15 @@ class PairReplacer {
   // Copies a run of separators, converts anything else.
   template <typename Output>
   void EmitPiece(std::u16string_view text, std::size_t begin, std::size_t end, Output& out);
+  // A piece of one unit, converted the first time and remembered by the unit's class for the
+  // replacer's life (there are only as many as classes). The result may be read ahead.
+  std::u16string_view ConvertSingle(std::uint16_t unitClass, std::u16string_view unit);
   // `key` is the piece's WordMemo::PackedKey, or 0 to look it up by its hash.
   template <typename Output>
   void ConvertPiece(std::u16string_view piece, std::uint64_t key, Output& out);
-  void FindSafeCuts();
+  // False when there were too many units in find texts to tell them apart: then every such
+  // unit has class 1 and only separators cut.
+  bool FindSafeCuts();
   std::uint8_t CutsBetween(std::uint16_t before, std::uint16_t after) const {
     return safeCuts_[before * classCount_ + after];
   }
@@ -138,6 +143,12 @@ class PairReplacer {
   std::vector<std::uint16_t> unitClass_;
   std::size_t classCount_ = 1;
   std::vector<std::uint8_t> safeCuts_;  // [before][after]: 1 when no match ever spans the two
+  struct SingleResult {
+    static constexpr std::uint32_t kUnknown = 0xFFFFFFFF;
+    std::uint32_t offset = 0, length = kUnknown;
+  };
+  std::vector<SingleResult> singles_;  // by class
+  std::u16string singleResults_;
   bool packable_ = true;                 // no find text holds U+0000, so keys are unambiguous
   WordMemo remembered_;
   // Remembering pays only when words come back; a text of words seen once stops it.

@@ -5,6 +5,7 @@
 #include <random>
 
 #include "converter/plain_text_editor.hpp"
+#include "text/utf.hpp"
 
 namespace quilom::converter {
 namespace {
@@ -86,6 +87,52 @@ TEST(PairReplacer, EqualsOneReplaceAllPerPairWhenReplacementsBringUnitsNoFindHol
       ASSERT_EQ(replacer.Apply(input), Naive(input, pairs)) << "round " << round;
     }
   }
+}
+
+// Words are cut inside where no match can ever span the cut. Each row holds a table whose
+// later pairs bring two units together that earlier text kept apart (through a replacement's
+// first or last unit, or by deleting what stood between them); cutting there would be wrong.
+TEST(PairReplacer, CutsInsideWordsOnlyWhereNoLaterPairCanSpanThem) {
+  struct Row {
+    std::vector<TablePair> pairs;
+    std::u16string input, expected;
+  };
+  const std::vector<Row> rows{
+      // "b" opens no find text past its first place, but becomes "x", which "ax" needs.
+      {{{u"b", u"x"}, {u"ax", u"!"}}, u"ab ab", u"! !"},
+      // "a" ends no find text but becomes "y" on its left side.
+      {{{u"a", u"y"}, {u"yb", u"!"}}, u"ab", u"!"},
+      // Deleting "c" brings "a" and "b" together for a later pair.
+      {{{u"c", u""}, {u"ab", u"!"}}, u"acb acb", u"! !"},
+      // Both sides change in one pair.
+      {{{u"a", u"p"}, {u"b", u"q"}, {u"pq", u"!"}}, u"ab", u"!"},
+      // A replacement's middle never touches a cut: "a" and "b" stay apart.
+      {{{u"ab", u"x"}, {u"a", u"1"}, {u"b", u"2"}}, u"ab ba", u"x 21"},
+  };
+  for (const Row& row : rows) {
+    PairReplacer replacer(row.pairs);
+    EXPECT_EQ(replacer.Apply(row.input), row.expected) << text::Utf16ToUtf8(row.input);
+    EXPECT_EQ(replacer.Apply(row.input), Naive(row.input, row.pairs));
+  }
+}
+
+// With more distinct units in find texts than the cut table holds, the replacer gives up on
+// cuts inside words but must stay exact, also for words of one unit.
+TEST(PairReplacer, EqualsOneReplaceAllPerPairWithThousandsOfUnitsInFindTexts) {
+  std::mt19937 rng(515);
+  std::u16string alphabet;
+  for (char16_t unit = 0x4E00; unit < 0x4E00 + 1800; ++unit) alphabet.push_back(unit);
+  std::vector<TablePair> pairs;
+  for (int i = 0; i < 1500; ++i) {
+    pairs.push_back({RandomText(rng, alphabet, 1 + rng() % 2), RandomText(rng, alphabet, rng() % 3)});
+  }
+  PairReplacer replacer(pairs);
+  std::u16string input;
+  for (int i = 0; i < 3000; ++i) {
+    input += RandomText(rng, alphabet, 1 + rng() % 4);
+    input += u' ';
+  }
+  EXPECT_EQ(replacer.Apply(input), Naive(input, pairs));
 }
 
 TEST(PairReplacer, StaysExactOnceTooManyDistinctWordsStopItRemembering) {
