@@ -21,6 +21,9 @@ OUT = os.path.join(REPO, "tests", "translit", "keymaps_script_letters.txt")
 # Tamil's digits, numbers and signs are typed as they are written, so its list holds them too.
 TAMIL = Script("TAMIL", (0x0B80, 0x0BFF))
 TAMIL_CATEGORIES = ("Lo", "Mn", "Mc", "Nd", "No", "So", "Sc")
+# The modern letters of Greek, and the letters and vowel marks of the Arabic alphabet.
+GREEK = Script("GREEK", (0x0386, 0x03CE))
+ARABIC = Script("ARABIC", (0x0621, 0x0670))
 
 
 def Letters(script, categories=("Lo", "Mn", "Mc")):
@@ -39,8 +42,11 @@ def main():
         for language, script in SCRIPTS.items():
             for code, name in Letters(script):
                 f.write("%s\t%04X\t%s\n" % (language, code, name))
-        for code, name in Letters(TAMIL, TAMIL_CATEGORIES):
-            f.write("Tamil\t%04X\t%s\n" % (code, name))
+        for language, script, categories in (("Tamil", TAMIL, TAMIL_CATEGORIES),
+                                             ("Greek", GREEK, ("Lu", "Ll")),
+                                             ("Arabic", ARABIC, ("Lo", "Mn"))):
+            for code, name in Letters(script, categories):
+                f.write("%s\t%04X\t%s\n" % (language, code, name))
 
 
 if __name__ == "__main__":

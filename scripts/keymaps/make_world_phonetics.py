@@ -73,6 +73,11 @@ def Greek():
     for letter, marked in GREEK_DIALYTIKA.items():
         key = next(k for k, v in entries.items() if v == letter)
         entries[":" + key] = marked
+    # Both marks at once, in either order, as the Greek keyboard's two dead keys allow.
+    for letter, marked in {"ι": "ΐ", "υ": "ΰ"}.items():
+        key = next(k for k, v in entries.items() if v == letter)
+        entries[";:" + key] = marked
+        entries[":;" + key] = marked
     entries["q"] = ";"      # the Greek keyboard's semicolon key
     entries["Q"] = "·"      # ano teleia
     entries["?"] = ";"      # the Greek question mark

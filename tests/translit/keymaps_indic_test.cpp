@@ -121,9 +121,9 @@ std::set<int> Range(int first, int last, std::set<int> more = {}) {
   return more;
 }
 
-// Every scheme of a language reaches every letter of its script, except what it leaves out on
-// purpose. Tamil's anusvara (U+0B82) writes no Tamil word; Tamil99 and the typewriters keep the
-// Latin digits on the digit keys, and the machines had no ஶ, ௐ or signs.
+// Every scheme of a language reaches every letter of its script (of Greek and Arabic, the
+// modern alphabet), except what it leaves out on purpose. Tamil's anusvara (U+0B82) writes no Tamil word; Tamil99 and
+// the typewriters keep the Latin digits on the digit keys, and the machines had no ஶ, ௐ or signs.
 std::vector<ReachRow> ReachRows() {
   std::vector<ReachRow> rows;
   for (const auto& [language, skipped] : NotTyped()) rows.push_back({Lfk(language), language, skipped});
@@ -133,6 +133,10 @@ std::vector<ReachRow> ReachRows() {
   rows.push_back({u"Tamil-Unicode-TypeWriterOld", "Tamil", typewriter});
   rows.push_back({u"Tamil-Unicode-TypeWriterNew", "Tamil", typewriter});
   rows.push_back({u"Tamil-Unicode-UserDefinedPhonetics1", "Tamil", Range(0x0BE6, 0x0BFA, {0x0B82, 0x0BD0})});
+  rows.push_back({u"Greek-Unicode-PhoneticTransliteration", "Greek", {}});
+  // Keheh variants and marks of other languages written in Arabic letters, and archaic forms.
+  rows.push_back({u"Arabic-Unicode-PhoneticTransliteration", "Arabic",
+                  Range(0x0653, 0x065F, {0x063B, 0x063C, 0x063D, 0x063E, 0x063F, 0x066E, 0x066F})});
   return rows;
 }
 
