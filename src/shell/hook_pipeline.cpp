@@ -66,6 +66,14 @@ HookDecision HookPipeline::ChordDown(int vk) const {
   HookDecision decision;
   const KeyClass keyClass = ClassifyKey(vk);
   if (IsTypingClass(keyClass)) return decision;
+  // The hotkey's own key pressed while its modifier is still down (Alt+F12 as one chord) goes on
+  // with the hotkey: wherever the system still reports the modifier down after the menu
+  // suppression, a reset here would make the hotkey useless while typing is on.
+  if (state_.hotkeys.IsSecondary(vk) && state_.hotkeys.IsHotkey(state_.keys.LastKey)) {
+    decision.Add(0, vk);
+    decision.swallow = true;
+    return decision;
+  }
   decision.Add(0, keyClass == KeyClass::TabEnter ? vk : kResetSignal);
   return decision;
 }

@@ -17,10 +17,7 @@ MenuSuppression HookedKeyProcessor::ProcessHookedKey(int shift, int key) noexcep
     }
     if (state_.hotkeys.IsHotkey(key)) return ArmHotkey(key);
     if (!state_.hotkeys.IsHotkey(state_.keys.LastKey)) {
-      state_.HotkeyArmed = false;
-      state_.keys.ComposeFlag = 0;
-      const char16_t character = UsKeyCharacter(key, shift == 1);
-      if (character != 0) engine_.ProcessKey(character);
+      TypeKey(shift, key);
       return MenuSuppression::None;
     }
     AfterHotkey(shift, key);
@@ -43,13 +40,27 @@ MenuSuppression HookedKeyProcessor::ArmHotkey(int key) {
 
 void HookedKeyProcessor::AfterHotkey(int shift, int key) {
   state_.ClickPending = 0;
-  if (shift == 1) return;
   const KeyClass keyClass = ClassifyKey(key);
-  if (keyClass == KeyClass::Digit || keyClass == KeyClass::NumpadDigit) {
+  const bool digit = keyClass == KeyClass::Digit || keyClass == KeyClass::NumpadDigit;
+  if (digit && shift != 1) {
     if (digitHandler_) digitHandler_(key);
     return;
   }
+  if (state_.keys.ComposeFlag == 1) {
+    // The number is complete: this key is the first one typed in the keymap just chosen.
+    state_.keys.LastKey = kResetSignal;
+    TypeKey(shift, key);
+    return;
+  }
+  if (shift == 1) return;
   state_.keys.LastKey = kResetSignal;
+}
+
+void HookedKeyProcessor::TypeKey(int shift, int key) {
+  state_.HotkeyArmed = false;
+  state_.keys.ComposeFlag = 0;
+  const char16_t character = UsKeyCharacter(key, shift == 1);
+  if (character != 0) engine_.ProcessKey(character);
 }
 
 void HookedKeyProcessor::ResetComposition() noexcept {

@@ -22,9 +22,11 @@ class HookedKeyProcessor {
   // `shift` is 0 or 1; `key` a virtual-key code or kResetSignal. Never throws: an error inside
   // the engine is swallowed so that the hook callback always returns.
   //
-  // Decisions of ours: after a hotkey key, a key other than a digit is ignored as specified and
-  // also ends the hotkey sequence (LastKey becomes the reset signal), so that typing goes on
-  // with the next key instead of ignoring keys until some reset arrives.
+  // Decisions of ours: right after a hotkey key, a key other than a digit is ignored and also
+  // ends the hotkey sequence (LastKey becomes the reset signal), so that typing goes on with the
+  // next key instead of ignoring keys until some reset arrives. Once digits were typed (the digit
+  // handler set ComposeFlag to 1, as HotkeyNumberSelector does), any other key ends the number
+  // and is typed at once, so "hotkey, 1, a" types the "a" in the keymap just chosen.
   MenuSuppression ProcessHookedKey(int shift, int key) noexcept;
 
   // Called with the virtual-key code of each digit (top row or numeric pad) typed right after
@@ -37,6 +39,7 @@ class HookedKeyProcessor {
  private:
   MenuSuppression ArmHotkey(int key);
   void AfterHotkey(int shift, int key);
+  void TypeKey(int shift, int key);
 
   TypingFrontState& state_;
   translit::TypingEngine& engine_;

@@ -202,6 +202,23 @@ TEST_F(HookPipelineTest, FocalHookTakesDigitsOnlyWhileAHotkeyIsArmed) {
   EXPECT_TRUE(pipeline.DecideFocal(Down(kSecondary)).swallow);
 }
 
+TEST_F(HookPipelineTest, HotkeyKeyHeldWithItsModifierGoesOnWithTheHotkey) {
+  // Typing on, Ctrl+F12 pressed as one chord: the F12 continues the hotkey. The system counts
+  // a key as down only after its own key-down has passed the hooks.
+  pipeline.HandleGlobal(Down(kPrimary));
+  EXPECT_EQ(state.keys.LastKey, kPrimary);
+  Hold({kVkControl, kPrimary});
+  const HookDecision secondary = pipeline.DecideGlobal(Down(kSecondary));
+  EXPECT_TRUE(secondary.swallow);
+  EXPECT_EQ(CallsOf(secondary), (std::vector<HookedKeyCall>{{0, kSecondary}}));
+
+  // The same key under a chord that did not begin with the hotkey is an ordinary chord.
+  state.keys.LastKey = kResetSignal;
+  const HookDecision plain = pipeline.DecideGlobal(Down(kSecondary));
+  EXPECT_FALSE(plain.swallow);
+  EXPECT_EQ(CallsOf(plain), (std::vector<HookedKeyCall>{{0, kResetSignal}}));
+}
+
 TEST_F(HookPipelineTest, FocalHookDisarmsOnOtherKeysButNotOnItsOwnOutput) {
   state.HotkeyArmed = true;
   pipeline.DecideFocal(Down(0x12, kFlagInjected));  // the synthesised menu-suppression Alt

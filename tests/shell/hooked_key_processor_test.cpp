@@ -89,5 +89,29 @@ TEST(UsKeyboard, CharactersOfAUsKeyboard) {
   }
 }
 
+TEST_F(ProcessHookedKeyTest, KeyAfterTheHotkeyNumberIsTypedInTheNewKeymap) {
+  state.hotkeys = {0xA4, 0x7B, 0};
+  int selections = 0;
+  // As the number selector does: the first digit after a hotkey marks the number as begun.
+  processor.SetHotkeyDigitHandler([&](int) {
+    state.keys.ComposeFlag = 1;
+    ++selections;
+  });
+  processor.ProcessHookedKey(0, 0xA4);
+  processor.ProcessHookedKey(0, 0x7B);
+  processor.ProcessHookedKey(0, '1');
+  processor.ProcessHookedKey(0, '2');
+  processor.ProcessHookedKey(1, 'A');
+  processor.ProcessHookedKey(0, 'M');
+  EXPECT_EQ(selections, 2);
+  EXPECT_EQ(engine.log, u"Am");
+  EXPECT_FALSE(state.HotkeyArmed);
+
+  // Without a digit first, the key after the hotkey is still only a way out of it.
+  processor.ProcessHookedKey(0, 0xA4);
+  processor.ProcessHookedKey(0, 'K');
+  EXPECT_EQ(engine.log, u"Am");
+}
+
 }  // namespace
 }  // namespace quilom::shell

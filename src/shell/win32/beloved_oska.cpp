@@ -227,14 +227,35 @@ void BelovedOska::Close() {
   DestroyWindow(window_);
 }
 
+namespace {
+
+// A point as "X,Y" from the corner of `window`'s frame, for the tests to click at.
+std::string FromCorner(HWND window, const RECT& screenRect) {
+  RECT frame{};
+  GetWindowRect(window, &frame);
+  return std::to_string((screenRect.left + screenRect.right) / 2 - frame.left) + "," +
+         std::to_string((screenRect.top + screenRect.bottom) / 2 - frame.top);
+}
+
+std::string CentreOf(HWND window, HWND control) {
+  RECT rect{};
+  GetWindowRect(control, &rect);
+  return FromCorner(window, rect);
+}
+
+char Bit(bool on) { return on ? '1' : '0'; }
+
+}  // namespace
+
 void BelovedOska::WriteStateFile() const {
   if (launch_.stateFile.empty() || !loaded_) return;
-  RECT windowRect{};
-  RECT buttonRect{};
-  GetWindowRect(window_, &windowRect);
-  GetWindowRect(startStop_, &buttonRect);
   wchar_t caption[64] = {};
   GetWindowTextW(startStop_, caption, 64);
+  RECT toolsItem{};
+  GetMenuItemRect(window_, GetMenu(window_), 1, &toolsItem);
+  RECT trayRect{};
+  const bool trayShown = tray_ && tray_->Shown();
+  const MainOptions& options = options_->Options();
   const auto temporary = std::filesystem::path(launch_.stateFile).concat(L".tmp");
   {
     std::ofstream file(temporary, std::ios::binary);
@@ -242,15 +263,20 @@ void BelovedOska::WriteStateFile() const {
          << "active=" << (active_ ? 1 : 0) << "\n"
          << "iconic=" << (IsIconic(window_) ? 1 : 0) << "\n"
          << "visible=" << (IsWindowVisible(window_) ? 1 : 0) << "\n"
-         << "button=" << (buttonRect.left + buttonRect.right) / 2 - windowRect.left << ","
-         << (buttonRect.top + buttonRect.bottom) / 2 - windowRect.top << "\n"
+         << "button=" << CentreOf(window_, startStop_) << "\n"
+         << "fastbox=" << CentreOf(window_, fastEditing_) << "\n"
+         << "toolsmenu=" << FromCorner(window_, toolsItem) << "\n"
          << "reinstalls=" << front_.Health().ReinstallCount() << "\n"
          << "slowest=" << front_.Health().SlowestCallbackMs() << "\n"
          << "keymap=" << text::Utf16ToUtf8(selector_.State().ActiveKeymap) << "\n"
          << "caption=" << text::Utf16ToUtf8(controls::FromWide(caption)) << "\n"
-         << "hotkey=" << text::Utf16ToUtf8(options_->Options().presentHotkey) << "\n"
-         << "focusedmode=" << selector_.State().FocusedMode << "\n"
-         << "tray=" << (tray_ && tray_->Shown() ? 1 : 0) << "\n";
+         << "hotkey=" << text::Utf16ToUtf8(options.presentHotkey) << "\n"
+         << "options=" << options.FocusedMode << Bit(options.instantTyping) << Bit(options.FastEditing == 1)
+         << Bit(options.smartEditing) << Bit(options.copyPasteEditing) << Bit(options.includeHotkeys) << "\n"
+         << "tray=" << Bit(trayShown) << "\n";
+    if (trayShown && tray_->ScreenRect(trayRect))
+      file << "trayicon=" << (trayRect.left + trayRect.right) / 2 << "," << (trayRect.top + trayRect.bottom) / 2
+           << "\n";
   }
   std::error_code error;
   std::filesystem::rename(temporary, launch_.stateFile, error);

@@ -108,4 +108,12 @@ void TrayIcon::Remove() {
   shown_ = false;
 }
 
+bool TrayIcon::ScreenRect(RECT& rect) const {
+  NOTIFYICONIDENTIFIER identifier{};
+  identifier.cbSize = sizeof(identifier);
+  identifier.hWnd = owner_;
+  identifier.uID = iconId_;
+  return shown_ && SUCCEEDED(Shell_NotifyIconGetRect(&identifier, &rect));
+}
+
 }  // namespace quilom::shell::win32

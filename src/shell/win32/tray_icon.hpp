@@ -44,6 +44,8 @@ class TrayIcon {
   // restart and the icon was put back.
   bool HandleTaskbarCreated(UINT message);
   void Remove();
+  // Where the icon is on the screen, when the shell can tell.
+  bool ScreenRect(RECT& rect) const;
   bool Shown() const { return shown_; }
 
  private:
