@@ -2,6 +2,7 @@
 
 #include <cstdio>
 #include <ostream>
+#include <set>
 
 #include "cli/cli_io.hpp"
 #include "cli/command.hpp"
@@ -45,10 +46,22 @@ int RunDetect(CommandContext& ctx) {
     ctx.err << "quilom detect: the text does not read as Tamil in any legacy encoding we know\n";
     return 1;
   }
-  const std::size_t shown = parsed.flags.count("--all") ? guesses.size() : std::min(kRunnersUp + 1, guesses.size());
-  ctx.out << text::Utf16ToUtf8(guesses.front().name) << " (confidence " << Percent(guesses.front().confidence) << ")\n";
-  for (std::size_t i = 1; i < shown; ++i) {
-    ctx.out << "  then " << text::Utf16ToUtf8(guesses[i].name) << " (" << Percent(guesses[i].confidence) << ")\n";
+  // Encodings that read the text alike are named together, once, with their joint confidence.
+  const std::size_t wanted = parsed.flags.count("--all") ? guesses.size() : kRunnersUp + 1;
+  std::set<std::u16string> named;
+  std::size_t lines = 0;
+  for (const converter::EncodingGuess& guess : guesses) {
+    if (lines == wanted) break;
+    if (!named.insert(guess.name).second) continue;
+    named.insert(guess.alike.begin(), guess.alike.end());
+    const std::string name = text::Utf16ToUtf8(converter::FamilyName(guess));
+    if (lines++ == 0) {
+      ctx.out << name << " (confidence " << Percent(guess.familyConfidence) << ")";
+      if (!guess.alike.empty()) ctx.out << ": these read the text the same way; converting with any gives the same";
+      ctx.out << "\n";
+    } else {
+      ctx.out << "  then " << name << " (" << Percent(guess.familyConfidence) << ")\n";
+    }
   }
   return 0;
 }
@@ -56,7 +69,7 @@ int RunDetect(CommandContext& ctx) {
 const RegisterCommand registration({
     kName,
     "detect [FILE] [--all]",
-    "Name the legacy Tamil font encoding a text most likely uses, with a confidence (--all: every encoding)",
+    "Name the legacy Tamil font encoding a text most likely uses, with a confidence; encodings that read the text alike are named together (--all: every encoding)",
     RunDetect,
 });
 

@@ -26,7 +26,17 @@ struct EncodingGuess {
   std::u16string name;
   double score = 0;       // well-formedness, about -1 .. 1
   double confidence = 0;  // 0 .. 1, the guesses' confidences add up to 1
+  // The other encodings that read this very text into the same Unicode, in rank order. Nothing
+  // in the text tells them apart (every glyph code it holds means the same in each), so naming
+  // one alone would be a guess: the family is the honest answer, and converting with any of
+  // them gives the same result.
+  std::vector<std::u16string> alike;
+  double familyConfidence = 0;  // the confidence of this guess and of its alike together
 };
+
+// "Softview" for a guess that reads unlike the others, "Softview or Shreelipi", or
+// "Anjal, Anu or Tab" for a family of encodings that read the text alike.
+std::u16string FamilyName(const EncodingGuess& guess);
 
 class EncodingDetector {
  public:
@@ -35,7 +45,9 @@ class EncodingDetector {
   static EncodingDetector Load(const std::filesystem::path& converterFolder);
 
   // Every candidate, best first. Only the first `sampleLimit` code units are looked at: a long
-  // file is settled by its beginning. Empty when the detector has no tables.
+  // file is settled by its beginning. Empty when the detector has no tables. Among encodings
+  // that read the text alike, the one whose table carries more syllables comes first (it is the
+  // likelier to read the rest of a document right), then list order.
   std::vector<EncodingGuess> Rank(std::u16string_view text, std::size_t sampleLimit = 1u << 16) const;
 
   std::size_t EncodingCount() const { return candidates_.size(); }
