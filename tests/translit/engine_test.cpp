@@ -45,25 +45,30 @@ class EngineTest : public ::testing::Test {
   }
 };
 
-TEST_F(EngineTest, VowelAfterConsonantTypesOnlyTheSign) {
-  Use({{u"k", u"க"}, {u"ka", u"கா"}});
-  TypeKeys(engine, u"ka");
-  EXPECT_EQ(sink.edits, (std::vector<Edit>{{0, u"க"}, {0, u"ா"}}));
-  ExpectShown(u"கா");
-}
-
-TEST_F(EngineTest, LongerMatchReplacesOnlyWhatChanged) {
-  Use({{u"k", u"க்"}, {u"ka", u"க"}, {u"kaa", u"கா"}, {u"s", u"ச்"}, {u"sh", u"ஷ்"}, {u"ksh", u"க்ஷ்"}});
-  TypeKeys(engine, u"kaa");
-  EXPECT_EQ(sink.edits, (std::vector<Edit>{{0, u"க்"}, {1, u""}, {0, u"ா"}}));
-  engine.Reset();
-  sink.edits.clear();
-  sink.screen.clear();
-  // "ks" is only the beginning of "ksh": the s is typed on its own until the h completes it.
-  TypeKeys(engine, u"ksh");
-  EXPECT_EQ(sink.edits, (std::vector<Edit>{{0, u"க்"}, {0, u"ச்"}, {2, u"ஷ்"}}));
+// Each key sends one edit that keeps the unchanged beginning of what is shown.
+TEST_F(EngineTest, EachKeySendsOnlyTheChange) {
+  const std::vector<std::pair<std::u16string, std::u16string>> entries = {{u"k", u"க்"}, {u"ka", u"க"}, {u"kaa", u"கா"},
+                                                                          {u"s", u"ச்"}, {u"sh", u"ஷ்"}, {u"ksh", u"க்ஷ்"},
+                                                                          {u"g", u"க"}, {u"ge", u"கா"}};
+  struct Row {
+    std::u16string keys;
+    std::vector<Edit> edits;
+    std::u16string shown;
+  };
+  const Row rows[] = {
+      {u"ge", {{0, u"க"}, {0, u"ா"}}, u"கா"},              // a vowel after a consonant: the sign only
+      {u"kaa", {{0, u"க்"}, {1, u""}, {0, u"ா"}}, u"கா"},   // a longer match takes back what changed
+      {u"ksh", {{0, u"க்"}, {0, u"ச்"}, {2, u"ஷ்"}}, u"க்ஷ்"},  // "ks" only begins "ksh": s stands alone until h
+  };
+  for (const auto& row : rows) {
+    Use(entries);
+    sink.edits.clear();
+    sink.screen.clear();
+    TypeKeys(engine, row.keys);
+    EXPECT_EQ(sink.edits, row.edits) << text::Utf16ToUtf8(row.keys);
+    ExpectShown(row.shown);
+  }
   EXPECT_EQ(engine.LastMatchPosition(), 1);
-  ExpectShown(u"க்ஷ்");
 }
 
 TEST_F(EngineTest, KeyThatContinuesNoEntryRestartsTheBuffer) {
