@@ -217,13 +217,13 @@ void BelovedOska::Load() {
 void BelovedOska::Close() {
   if (closing_) return;
   closing_ = true;
-  WriteStateFile();
   KillTimer(window_, kHealthTimer);
   KillTimer(window_, kForegroundTimer);
   KillTimer(window_, kExitPollTimer);
+  if (tray_) tray_->Remove();
+  WriteStateFile();
   front_.Hooks().RemoveAll();
   AttachTypingFront(nullptr);
-  if (tray_) tray_->Remove();
   DestroyWindow(window_);
 }
 
