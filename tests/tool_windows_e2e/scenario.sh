@@ -93,16 +93,18 @@ start_quilom() {
   echo "$wid"
 }
 
-# Clicks the window's caption (a real click makes it Wine's foreground window), then opens
-# MENU's entry with the mnemonic ENTRY and waits for a visible window titled TITLE.
+# Clicks the window's caption (a real click makes it Wine's foreground window), then opens the
+# entry ENTRY of the menu MENU (both mnemonics) and waits for a visible window titled TITLE.
+# F10 enters the menu bar first: the main window's controls answer Alt+letter mnemonics of their
+# own ("Se&t Hotkey" takes Alt+T), and under Wine Alt alone does not reach the menu bar.
 open_from_menu() {
   local main=$1 menu=$2 entry=$3 title=$4 wid
   xdotool windowfocus --sync "$main" 2>/dev/null || true
   xdotool mousemove --window "$main" 200 12 click 1
   sleep 0.3
-  xdotool key --delay 150 "$menu" "$entry"
+  xdotool key --delay 200 F10 "$menu" "$entry"
   wid=$(timeout 20 xdotool search --sync --onlyvisible --name "$title" | head -1) || true
-  [ -n "$wid" ] || fail "$menu $entry did not open a window titled '$title'"
+  [ -n "$wid" ] || fail "F10, $menu, $entry did not open a window titled '$title'"
   echo "$wid"
 }
 
@@ -207,7 +209,7 @@ case $name in
     ;;
   menus)
     main=$(start_quilom)
-    # Menu key, entry mnemonic, title of the window it opens.
+    # Menu mnemonic, entry mnemonic, title of the window it opens.
     while IFS="|" read -r -u 3 menu entry title; do
       wid=$(open_from_menu "$main" "$menu" "$entry" "$title")
       sleep 1
@@ -221,13 +223,13 @@ case $name in
       done
       ! xdotool search --onlyvisible --name "$title" >/dev/null 2>&1 || fail "'$title' did not close on Alt+F4"
     done 3<<'MENUS'
-alt+t|f|^Quilom\+\+ : Tamil Fonts Converter$
-alt+t|r|^Quilom\+\+ - Reverse Transliteration$
-alt+t|s|^Quilom\+\+ - Reverse Transliteration \(small\)$
-alt+t|a|^Quilom\+\+ - Auto Transliterator$
-alt+t|b|^Quilom\+\+ - Auto Transliterator \(side by side\)$
-alt+t|u|^Quilom\+\+ - URL Normalizer$
-alt+e|w|^Quilom\+\+ - Start with Windows$
+t|f|^Quilom\+\+ : Tamil Fonts Converter$
+t|r|^Quilom\+\+ - Reverse Transliteration$
+t|s|^Quilom\+\+ - Reverse Transliteration \(small\)$
+t|a|^Quilom\+\+ - Auto Transliterator$
+t|b|^Quilom\+\+ - Auto Transliterator \(side by side\)$
+t|u|^Quilom\+\+ - URL Normalizer$
+e|w|^Quilom\+\+ - Start with Windows$
 MENUS
     ;;
   *)
