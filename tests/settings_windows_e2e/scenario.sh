@@ -1,21 +1,25 @@
 #!/usr/bin/env bash
 # One end-to-end scenario of the typing settings windows, run under Wine:
-#   scenario.sh SESSION_DIR BIN_DIR OUTPUT_DIR NAME
-# NAME: qmset, qmset2, catalogue. Screenshots go to OUTPUT_DIR/NAME*.png. Each run works on a
-# private copy of the data tree, so the settings it changes never leak.
+#   scenario.sh SESSION_DIR BIN_DIR OUTPUT_DIR NAME [TARGET_EXE]
+# NAME: qmset, qmset2, catalogue (the host program alone); finalize_restart, floater_focused
+# (Quilom++.exe, with the typing e2e helpers and target). Screenshots go to OUTPUT_DIR/NAME*.png.
+# Each run works on private copies of the programs and the data tree, so the settings it
+# changes never leak.
 set -euo pipefail
 session=$1
 bin=$2
 out=$3
 name=$4
+target_exe=${5:-}
 # shellcheck disable=SC1091
-source "$session/env"
+source "$session/env.sh"
 mkdir -p "$out"
 work=$(mktemp -d "$out/$name.XXXX")
 cp -r "$bin/Sorvin" "$work/Sorvin"
 data_root="Z:$(echo "$work/Sorvin" | sed 's#/#\\#g')"
 inis=$work/Sorvin/pelandr/inis
-inps="$work/Sorvin/Indic Direct Typer/inps"
+main_data="$work/Sorvin/Indic Direct Typer"
+inps="$main_data/inps"
 
 fail() { echo "FAIL [$name]: $*" >&2; shot "$name-failed"; exit 1; }
 shot() { import -window root "$out/$1.png" 2>/dev/null || true; }
@@ -64,6 +68,25 @@ close_window() {
 }
 
 utf8() { iconv -f UTF-16 -t UTF-8 "$1" | tr -d '\r'; }
+# Sets the value line after "`````KEY" in a settings file, kept UTF-16LE with its mark.
+set_value() {  # FILE KEY VALUE
+  local text
+  text=$(utf8 "$1" | awk -v key="\`\`\`\`\`$2" -v value="$3" 'skip { print value; skip = 0; next }
+    $0 == key { skip = 1 } { print }')
+  { printf '\xff\xfe'; printf '%s\n' "$text" | sed 's/$/\r/' | iconv -f UTF-8 -t UTF-16LE; } >"$1"
+}
+
+# The typing program's scenarios: a private Quilom++.exe beside the private data tree, driven
+# with the typing e2e helpers.
+use_quilom() {
+  [ -f "$bin/Quilom++.exe" ] || fail "$bin/Quilom++.exe is missing"
+  [ -f "$target_exe" ] || fail "the target program $target_exe is missing"
+  cp "$bin/Quilom++.exe" "$work/Quilom++.exe"
+  export SESSION=$session WORK=$work/run SHOTS=$out QUILOM_EXE=$work/Quilom++.exe TARGET_EXE=$target_exe
+  # shellcheck disable=SC1091
+  source "$(dirname "$0")/../e2e/lib.sh"
+  trap 'stop_programs; cleanup' EXIT
+}
 ini_line() { utf8 "$inis/$1" | grep -x "$2=.*" || true; }
 expect_line() {  # FILE LINE
   [ "$(ini_line "$1" "${2%%=*}")" = "$2" ] || fail "$1: expected '$2', found '$(ini_line "$1" "${2%%=*}")'"
@@ -129,6 +152,71 @@ case $name in
     answer_box '^Quilom\+\+$' Return
     shot catalogue-reopened
     close_window
+    ;;
+  finalize_restart)
+    use_quilom
+    start_quilom
+    click_window "$QUILOM_WID" 200 12
+    # F10 rather than Alt: the main window's "Hotkey:" label shares the menu's mnemonic.
+    xdotool key --delay 150 F10 e l
+    wid=$(timeout 20 xdotool search --sync --onlyvisible --name '^Quilom\+\+ - Languages, Font Encodings' | head -1) ||
+      true
+    [ -n "$wid" ] || fail "Settings > Languages did not open the catalogue"
+    sleep 0.5
+    xdotool key --delay 150 alt+b e e alt+z
+    answer_box '^Quilom\+\+$' Return
+    xdotool key Escape
+    stop_programs
+    # After a restart the first keymap offered is the first of the finalised list.
+    PIDS=()
+    rm -f "$WORK/stop"
+    start_quilom --start-typing
+    wait_for_state keymap Hindi-Unicode-PhoneticTransliteration 10 ||
+      fail "keymap 1 after the restart is '$(quilom_state keymap)'"
+    echo "keymap 1 after the restart: $(quilom_state keymap)"
+    stop_programs
+    ;;
+  floater_focused)
+    # Focused typing, the floater shown at start, beside the target.
+    set_value "$main_data/Settings.txt" "Global Typing" 0
+    floater="$main_data/Settings - Floater.txt"
+    set_value "$floater" "Start with Quilom++" 1
+    set_value "$floater" Left 700
+    set_value "$floater" Top 20
+    use_quilom
+    start_target
+    start_quilom
+    floater_wid=$(timeout 20 xdotool search --sync --onlyvisible --name '^Quilom\+\+ Floater$' | head -1) || true
+    [ -n "$floater_wid" ] || fail "the floater did not show at start"
+    click_target
+    sleep 0.6
+    # "Hook the Typing Window" (the seventh option): select it, then Space ticks it.
+    click_window "$floater_wid" "${HOOK_X:-80}" "${HOOK_Y:-363}"
+    xdotool key space
+    answer_box '^Typing Window Hooked$' Return
+    # The grid's first row starts typing in that keymap.
+    click_window "$floater_wid" 80 "${ROW1_Y:-110}"
+    wait_for_state typing on 10 || fail "a grid click did not start typing"
+    [ "$(quilom_state keymap)" = Tamil-Unicode-PhoneticTransliteration ] || fail "keymap '$(quilom_state keymap)'"
+    screenshot floater_focused
+    click_target
+    xdotool type --delay 30 'amma '
+    expect_text 'அம்ம '
+    expect_no_latin_characters
+    # A second window of another program gets the keys as they are typed.
+    wine "$TARGET_EXE" "$(winpath "$WORK/other.txt")" "$(winpath "$WORK/other.log")" "$(winpath "$WORK/stop")" \
+      "$(winpath "$WORK/other.ready")" </dev/null >"$WORK/other.out" 2>&1 &
+    PIDS+=($!)
+    wait_for_file "$WORK/other.ready" 30 || fail "the second target did not start"
+    other=$(xdotool search --onlyvisible --name '^E2ETarget$' | grep -vx "$TARGET_WID" | head -1)
+    [ -n "$other" ] || fail "the second target's window was not found"
+    click_window "$other" 300 120
+    xdotool type --delay 30 'amma '
+    for _ in $(seq 50); do [ "$(cat "$WORK/other.txt" 2>/dev/null)" = 'amma ' ] && break; sleep 0.1; done
+    [ "$(cat "$WORK/other.txt" 2>/dev/null)" = 'amma ' ] ||
+      fail "the window not hooked received '$(cat "$WORK/other.txt" 2>/dev/null)'"
+    [ "$(target_text)" = 'அம்ம ' ] || fail "the hooked window changed to '$(target_text)'"
+    screenshot floater_focused_other
     ;;
   *)
     fail "unknown scenario"

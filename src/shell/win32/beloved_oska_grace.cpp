@@ -10,6 +10,7 @@
 #include "controls/win32/wide_text.hpp"
 #include "settings/error_report.hpp"
 #include "translit/catalogue_lists.hpp"
+#include "translit/win32/list_view_rows.hpp"
 
 namespace quilom::shell::win32 {
 namespace {
@@ -28,27 +29,6 @@ std::u16string WindowTitle(HWND window) {
   std::wstring title(static_cast<size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
   title.resize(static_cast<size_t>(GetWindowTextW(window, title.data(), static_cast<int>(title.size()))));
   return std::u16string(title.begin(), title.end());
-}
-
-void AddColumn(HWND list, int index, const wchar_t* caption, int width) {
-  LVCOLUMNW column{};
-  column.mask = LVCF_TEXT | LVCF_WIDTH;
-  column.pszText = const_cast<wchar_t*>(caption);
-  column.cx = width;
-  ListView_InsertColumn(list, index, &column);
-}
-
-void SetCell(HWND list, int row, int column, std::u16string_view text) {
-  std::wstring wide = controls::ToWide(text);
-  if (column == 0) {
-    LVITEMW item{};
-    item.mask = LVIF_TEXT;
-    item.iItem = row;
-    item.pszText = wide.data();
-    ListView_InsertItem(list, &item);
-  } else {
-    ListView_SetItemText(list, row, column, wide.data());
-  }
 }
 
 void RegisterClassOnce(HINSTANCE instance, WNDPROC procedure) {
@@ -191,7 +171,7 @@ void BelovedOskaGrace::CreateControls() {
   options_ = makeChild(WS_EX_CLIENTEDGE, WC_LISTVIEWW, WS_TABSTOP | LVS_REPORT | LVS_NOCOLUMNHEADER | LVS_SINGLESEL,
                        kOptionsId, L"");
   ListView_SetExtendedListViewStyle(options_, LVS_EX_CHECKBOXES | LVS_EX_FULLROWSELECT);
-  AddColumn(options_, 0, L"Option", 240);
+  translit::win32::SetListColumns(options_, {{L"Option", 240}});
   status_ = makeChild(0, WC_STATICW, SS_ENDELLIPSIS, 0, L"Typing is OFF");
   FillOptions();
   ApplyLook();
@@ -215,31 +195,30 @@ void BelovedOskaGrace::Layout(int width, int height) {
 
 void BelovedOskaGrace::FillOptions() {
   fillingOptions_ = true;
-  ListView_DeleteAllItems(options_);
+  std::vector<std::vector<std::u16string>> rows;
+  for (const auto name : kFloaterOptionNames) rows.push_back({std::u16string(name)});
+  translit::win32::SetListRows(options_, rows);
   for (int index = 0; index < kFloaterOptionCount; ++index) {
-    SetCell(options_, index, 0, kFloaterOptionNames[static_cast<size_t>(index)]);
     ListView_SetCheckState(options_, index, settings_.options[static_cast<size_t>(index)] ? TRUE : FALSE);
   }
   fillingOptions_ = false;
 }
 
 void BelovedOskaGrace::BuildColumns() {
-  while (ListView_DeleteColumn(grid_, 0)) {
-  }
   const FloaterLook look = FloaterLookOf(settings_);
-  int index = 0;
-  if (look.hotkeyColumn) AddColumn(grid_, index++, L"#", 30);
-  if (look.nameColumn) AddColumn(grid_, index++, L"Keymap", 240);
-  if (look.languageColumn) AddColumn(grid_, index++, L"Language", 80);
-  if (look.encodingColumn) AddColumn(grid_, index++, L"Encoding", 80);
-  if (look.keyboardColumn) AddColumn(grid_, index++, L"Keyboard", 150);
+  std::vector<translit::win32::ListColumn> columns;
+  if (look.hotkeyColumn) columns.push_back({L"#", 30});
+  if (look.nameColumn) columns.push_back({L"Keymap", 240});
+  if (look.languageColumn) columns.push_back({L"Language", 80});
+  if (look.encodingColumn) columns.push_back({L"Encoding", 80});
+  if (look.keyboardColumn) columns.push_back({L"Keyboard", 150});
+  translit::win32::SetListColumns(grid_, columns);
 }
 
 void BelovedOskaGrace::FillGrid() {
   const FloaterLook look = FloaterLookOf(settings_);
-  SendMessageW(grid_, WM_SETREDRAW, FALSE, 0);
-  ListView_DeleteAllItems(grid_);
   const auto& keymaps = host_.OfferedKeymaps();
+  std::vector<std::vector<std::u16string>> rows;
   for (size_t row = 0; row < keymaps.size(); ++row) {
     const translit::LfkRow parts = translit::LfkRowOfName(keymaps[row]);
     std::vector<std::u16string> cells;
@@ -251,13 +230,11 @@ void BelovedOskaGrace::FillGrid() {
     if (look.languageColumn) cells.push_back(parts.language);
     if (look.encodingColumn) cells.push_back(parts.encoding);
     if (look.keyboardColumn) cells.push_back(parts.layout);
-    for (size_t column = 0; column < cells.size(); ++column) {
-      SetCell(grid_, static_cast<int>(row), static_cast<int>(column), cells[column]);
-    }
+    rows.push_back(std::move(cells));
   }
-  SendMessageW(grid_, WM_SETREDRAW, TRUE, 0);
+  translit::win32::SetListRows(grid_, rows);
   if (chosenNumber_ > 0 && chosenNumber_ <= static_cast<int>(keymaps.size())) {
-    ListView_SetItemState(grid_, chosenNumber_ - 1, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
+    translit::win32::SelectListRow(grid_, chosenNumber_ - 1);
   }
   if (typingOn_ && look.followTheTyping) ShowRowOf(activeKeymap_);
 }
@@ -301,7 +278,7 @@ void BelovedOskaGrace::OnOptionToggled(int option, bool on) {
 }
 
 void BelovedOskaGrace::OnHookToggled(bool on) {
-  const auto previous = reinterpret_cast<WindowId>(previousForeground_);
+  const WindowId previous = foreground_.Target();
   if (on) {
     const HookOutcome outcome = HookTypingWindow(host_.Selection(), previous, PreviousTitle());
     ShowMessage(outcome.message);
@@ -325,7 +302,7 @@ void BelovedOskaGrace::SelectRow(int row) {
   host_.SetFloaterChosenKeymap(chosenNumber_);
   host_.SelectKeymapNumber(chosenNumber_, false, false);
   const WindowId target =
-      AutoFocusTarget(settings_, host_.Selection(), reinterpret_cast<WindowId>(previousForeground_));
+      AutoFocusTarget(settings_, host_.Selection(), foreground_.Target());
   HWND focus = reinterpret_cast<HWND>(target);
   if (focus != nullptr && IsWindow(focus)) SetForegroundWindow(focus);
 }
@@ -334,22 +311,25 @@ void BelovedOskaGrace::ShowRowOf(const std::u16string& keymap) {
   const auto& keymaps = host_.OfferedKeymaps();
   const auto found = std::find(keymaps.begin(), keymaps.end(), keymap);
   if (found == keymaps.end()) return;
-  const int row = static_cast<int>(found - keymaps.begin());
-  ListView_SetItemState(grid_, -1, 0, LVIS_SELECTED);
-  ListView_SetItemState(grid_, row, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
-  ListView_EnsureVisible(grid_, row, FALSE);
+  translit::win32::SelectListRow(grid_, static_cast<int>(found - keymaps.begin()));
 }
 
 void BelovedOskaGrace::TrackForeground() {
   HWND front = GetForegroundWindow();
-  if (front == nullptr || front == window_) return;
+  if (front == nullptr) return;
   DWORD process = 0;
   GetWindowThreadProcessId(front, &process);
-  if (process == GetCurrentProcessId()) return;
-  previousForeground_ = front;
+  wchar_t className[64] = {};
+  GetClassNameW(front, className, 64);
+  foreground_.Observe(reinterpret_cast<WindowId>(front), controls::FromWide(className),
+                      process == GetCurrentProcessId());
+  HWND target = PreviousForeground();
+  if (target != nullptr && !IsWindow(target)) foreground_.Forget(reinterpret_cast<WindowId>(target));
 }
 
-std::u16string BelovedOskaGrace::PreviousTitle() const { return WindowTitle(previousForeground_); }
+HWND BelovedOskaGrace::PreviousForeground() const { return reinterpret_cast<HWND>(foreground_.Target()); }
+
+std::u16string BelovedOskaGrace::PreviousTitle() const { return WindowTitle(PreviousForeground()); }
 
 void BelovedOskaGrace::SavePlacement() {
   if (window_ == nullptr || IsIconic(window_) || !IsWindowVisible(window_)) return;

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "settings/data_folders.hpp"
+#include "shell/foreground_tracker.hpp"
 #include "shell/floater_options.hpp"
 #include "shell/win32/typing_host.hpp"
 
@@ -15,9 +16,9 @@
 // Choices of this window (the options themselves are described in floater_options.hpp):
 // - Closing the floater hides it; the window lives until the object is destroyed, so the main
 //   window's show/hide entry finds it as it was left.
-// - "The window in front before the floater" is tracked by the floater itself while it exists:
-//   the last foreground window of another process, looked at four times a second. Windows of
-//   this program (the main window, the settings windows) are never offered for hooking.
+// - "The window in front before the floater" is tracked by the floater itself while it exists,
+//   four times a second, with the rules of ForegroundTracker: the windows of this program and
+//   the taskbar are never offered for hooking.
 // - A click on a grid row selects that keymap; so does Enter or a double click on it. The
 //   chosen row is also handed to the host as the keymap a 0 after the hotkey applies.
 // - The options and the placement are written to "Settings - Floater.txt" at once when an
@@ -62,6 +63,7 @@ class BelovedOskaGrace final : public TypingObserver {
   void SelectRow(int row);
   void ShowRowOf(const std::u16string& keymap);
   void TrackForeground();
+  HWND PreviousForeground() const;
   void SavePlacement();
   void Save();
   void ShowMessage(const FloaterMessage& message) const;
@@ -77,7 +79,7 @@ class BelovedOskaGrace final : public TypingObserver {
   HWND options_ = nullptr;
   HWND status_ = nullptr;
   HFONT font_ = nullptr;
-  HWND previousForeground_ = nullptr;
+  ForegroundTracker foreground_;
   int chosenNumber_ = 0;
   bool fillingOptions_ = false;
   bool typingOn_ = false;
