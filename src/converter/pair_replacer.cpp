@@ -371,27 +371,43 @@ inline void PairReplacer::ConvertPiece(std::u16string_view piece, std::uint64_t 
   }
 }
 
+// Most pieces were met before: their result is copied here, inline; the rest go the long way.
 template <typename Output>
-inline void PairReplacer::EmitPiece(std::u16string_view text, std::size_t begin, std::size_t end, Output& out) {
-  const std::u16string_view piece = text.substr(begin, end - begin);
-  const std::uint16_t unitClass = unitClass_[piece.front()];
+[[gnu::always_inline]] inline void PairReplacer::EmitPiece(std::u16string_view text, std::size_t begin, std::size_t end, Output& out) {
+  const std::size_t length = end - begin;
+  const std::uint16_t unitClass = unitClass_[text[begin]];
   if (unitClass == 0) {
-    out.Append(piece);
+    out.Append(text.substr(begin, length));
     return;
   }
-  if (piece.size() == 1 && !singles_.empty()) {
-    out.AppendReadingAhead(ConvertSingle(unitClass, piece));
-    return;
-  }
-  std::uint64_t key = 0;
-  if (packable_ && piece.size() <= WordMemo::kPackedUnits) {
-    if (std::endian::native == std::endian::little && begin + WordMemo::kPackedUnits <= text.size()) {
-      std::memcpy(&key, piece.data(), sizeof key);
-      key &= ~std::uint64_t{0} >> (64 - 16 * piece.size());
-    } else {
-      key = WordMemo::PackedKey(piece);
+  if (length == 1) {
+    if (!singles_.empty() && singles_[unitClass].length != SingleResult::kUnknown) {
+      const SingleResult& single = singles_[unitClass];
+      out.AppendReadingAhead(std::u16string_view(singleResults_.data() + single.offset, single.length));
+      return;
+    }
+  } else if (length <= WordMemo::kPackedUnits && remembering_ && packable_ && std::endian::native == std::endian::little &&
+             begin + WordMemo::kPackedUnits <= text.size()) {
+    std::uint64_t key;
+    std::memcpy(&key, text.data() + begin, sizeof key);
+    key &= ~std::uint64_t{0} >> (64 - 16 * length);
+    if (const std::optional<std::u16string_view> known = remembered_.FindPacked(key)) {
+      ++lookups_;
+      ++hits_;
+      out.AppendReadingAhead(*known);
+      return;
     }
   }
+  EmitNewPiece(text.substr(begin, length), out);
+}
+
+template <typename Output>
+[[gnu::noinline]] void PairReplacer::EmitNewPiece(std::u16string_view piece, Output& out) {
+  if (piece.size() == 1 && !singles_.empty()) {
+    out.AppendReadingAhead(ConvertSingle(unitClass_[piece.front()], piece));
+    return;
+  }
+  const std::uint64_t key = packable_ ? WordMemo::PackedKey(piece) : 0;
   ConvertPiece(piece, key, out);
 }
 

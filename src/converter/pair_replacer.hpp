@@ -119,6 +119,9 @@ class PairReplacer {
   // Copies a run of separators, converts anything else.
   template <typename Output>
   void EmitPiece(std::u16string_view text, std::size_t begin, std::size_t end, Output& out);
+  // A piece of units from find texts that may not have been met before.
+  template <typename Output>
+  void EmitNewPiece(std::u16string_view piece, Output& out);
   // A piece of one unit, converted the first time and remembered by the unit's class for the
   // replacer's life (there are only as many as classes). The result may be read ahead.
   std::u16string_view ConvertSingle(std::uint16_t unitClass, std::u16string_view unit);
