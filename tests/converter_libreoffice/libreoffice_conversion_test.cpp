@@ -72,8 +72,12 @@ bool HasTamil(const std::u16string& text) {
 // Every run showing Tamil letters is in `font`; every run in the legacy font holds none.
 void ExpectTamilOnlyIn(const Paragraph& paragraph, const std::u16string& font) {
   for (const Run& run : paragraph) {
-    if (HasTamil(run.text)) EXPECT_EQ(run.font, font) << text::Utf16ToUtf8(run.text);
-    if (run.font == kLegacyFont) EXPECT_FALSE(HasTamil(run.text));
+    if (HasTamil(run.text)) {
+      EXPECT_EQ(run.font, font) << text::Utf16ToUtf8(run.text);
+    }
+    if (run.font == kLegacyFont) {
+      EXPECT_FALSE(HasTamil(run.text));
+    }
   }
 }
 

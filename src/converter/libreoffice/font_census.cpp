@@ -14,12 +14,10 @@
 #include <com/sun/star/text/XTextTable.hpp>
 
 #include "converter/libreoffice/font_search.hpp"
+#include "converter/libreoffice/uno_names.hpp"
 #include "converter/libreoffice/uno_text.hpp"
 
 namespace quilom::converter::libreoffice {
-namespace css = com::sun::star;
-using css::uno::Reference;
-using css::uno::UNO_QUERY;
 
 namespace {
 

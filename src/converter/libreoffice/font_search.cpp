@@ -8,14 +8,11 @@
 #include <com/sun/star/util/XReplaceable.hpp>
 #include <com/sun/star/util/XSearchable.hpp>
 
+#include "converter/libreoffice/uno_names.hpp"
 #include "converter/libreoffice/uno_text.hpp"
 
 namespace quilom::converter::libreoffice {
-namespace css = com::sun::star;
-using css::uno::Any;
-using css::uno::Reference;
 using css::uno::Sequence;
-using css::uno::UNO_QUERY_THROW;
 
 namespace {
 

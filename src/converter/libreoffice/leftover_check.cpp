@@ -4,14 +4,12 @@
 #include <com/sun/star/text/XTextRange.hpp>
 
 #include "converter/libreoffice/font_search.hpp"
+#include "converter/libreoffice/uno_names.hpp"
 #include "converter/libreoffice/uno_text.hpp"
 #include "settings/error_report.hpp"
 #include "text/utf.hpp"
 
 namespace quilom::converter::libreoffice {
-namespace css = com::sun::star;
-using css::uno::Reference;
-using css::uno::UNO_QUERY;
 
 namespace {
 

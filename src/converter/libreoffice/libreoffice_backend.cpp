@@ -6,14 +6,12 @@
 #include <com/sun/star/frame/XModel.hpp>
 #include <com/sun/star/lang/XServiceInfo.hpp>
 
+#include "converter/libreoffice/uno_names.hpp"
 #include "converter/libreoffice/uno_text.hpp"
 #include "converter/libreoffice/writer_document.hpp"
 #include "text/utf.hpp"
 
 namespace quilom::converter::libreoffice {
-namespace css = com::sun::star;
-using css::uno::Reference;
-using css::uno::UNO_QUERY;
 
 namespace {
 

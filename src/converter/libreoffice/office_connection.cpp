@@ -10,12 +10,10 @@
 #include <com/sun/star/frame/Desktop.hpp>
 #include <cppuhelper/bootstrap.hxx>
 
+#include "converter/libreoffice/uno_names.hpp"
 #include "converter/libreoffice/uno_text.hpp"
 
 namespace quilom::converter::libreoffice {
-namespace css = com::sun::star;
-using css::uno::Reference;
-using css::uno::UNO_QUERY_THROW;
 
 namespace {
 

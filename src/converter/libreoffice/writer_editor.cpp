@@ -6,19 +6,14 @@
 #include <com/sun/star/container/XIndexAccess.hpp>
 #include <com/sun/star/document/XUndoManager.hpp>
 #include <com/sun/star/document/XUndoManagerSupplier.hpp>
-#include <com/sun/star/text/XText.hpp>
-#include <com/sun/star/text/XTextRangeCompare.hpp>
 
 #include "converter/libreoffice/font_census.hpp"
 #include "converter/libreoffice/font_search.hpp"
+#include "converter/libreoffice/text_ranges.hpp"
+#include "converter/libreoffice/uno_names.hpp"
 #include "converter/libreoffice/uno_text.hpp"
 
 namespace quilom::converter::libreoffice {
-namespace css = com::sun::star;
-using css::uno::Any;
-using css::uno::Reference;
-using css::uno::UNO_QUERY;
-using css::uno::UNO_QUERY_THROW;
 
 namespace {
 
@@ -27,17 +22,6 @@ constexpr char16_t kSource[] = u"LibreOffice";
 Reference<css::document::XUndoManager> UndoManagerOf(const Reference<css::frame::XModel>& document) {
   const Reference<css::document::XUndoManagerSupplier> supplier(document, UNO_QUERY);
   return supplier.is() ? supplier->getUndoManager() : Reference<css::document::XUndoManager>();
-}
-
-bool Inside(const Reference<css::text::XTextRange>& found, const Reference<css::text::XTextRange>& selected) {
-  if (found->getText() != selected->getText()) return false;
-  const Reference<css::text::XTextRangeCompare> compare(found->getText(), UNO_QUERY);
-  if (!compare.is()) return false;
-  try {
-    return compare->compareRegionStarts(selected, found) >= 0 && compare->compareRegionEnds(found, selected) >= 0;
-  } catch (const css::uno::Exception&) {
-    return false;
-  }
 }
 
 }  // namespace
@@ -141,16 +125,10 @@ bool WriterEditor::ReplaceInSelectionWithoutFont(const std::u16string& findText,
     const Reference<css::text::XTextRange> range(found->getByIndex(i), UNO_QUERY);
     if (!range.is()) continue;
     bool inside = false;
-    for (const auto& selected : selection_) inside = inside || Inside(range, selected);
+    for (const auto& selected : selection_) inside = inside || RangeInside(range, selected);
     if (!inside) continue;
     range->setString(newText);
-    if (!replacementFont_.empty()) {
-      const Reference<css::beans::XPropertySet> properties(range, UNO_QUERY_THROW);
-      const Any font(ToOUString(replacementFont_));
-      properties->setPropertyValue(ToOUString(u"CharFontName"), font);
-      properties->setPropertyValue(ToOUString(u"CharFontNameComplex"), font);
-      properties->setPropertyValue(ToOUString(u"CharFontNameAsian"), font);
-    }
+    if (!replacementFont_.empty()) SetRangeFont(range, ToOUString(replacementFont_));
   }
   return true;
 }
@@ -186,6 +164,8 @@ void WriterEditor::ReplaceMissedOccurrences(const FontSearch& search, const std:
   const Reference<css::container::XIndexAccess> found = FindAllInFont(document_, anyFont);
   const rtl::OUString property = ToOUString(search.fontProperty);
   const rtl::OUString fontName = ToOUString(search.fontName);
+  const rtl::OUString newText = ToOUString(replacement);
+  const rtl::OUString newFont = ToOUString(replacementFont_);
   for (sal_Int32 i = 0; found.is() && i < found->getCount(); ++i) {
     const Reference<css::text::XTextRange> range(found->getByIndex(i), UNO_QUERY);
     const Reference<css::beans::XPropertySet> properties(range, UNO_QUERY);
@@ -193,11 +173,8 @@ void WriterEditor::ReplaceMissedOccurrences(const FontSearch& search, const std:
     rtl::OUString font;
     // A range over several fonts has no single value and is not in the find font.
     if (!(properties->getPropertyValue(property) >>= font) || font != fontName) continue;
-    range->setString(ToOUString(replacement));
-    const Any newFont(ToOUString(replacementFont_));
-    properties->setPropertyValue(ToOUString(u"CharFontName"), newFont);
-    properties->setPropertyValue(ToOUString(u"CharFontNameComplex"), newFont);
-    properties->setPropertyValue(ToOUString(u"CharFontNameAsian"), newFont);
+    range->setString(newText);
+    SetRangeFont(range, newFont);
   }
 }
 

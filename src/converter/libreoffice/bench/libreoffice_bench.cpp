@@ -16,18 +16,15 @@
 #include "converter/conversion_run.hpp"
 #include "converter/convert_checks.hpp"
 #include "converter/libreoffice/office_connection.hpp"
+#include "converter/libreoffice/uno_names.hpp"
 #include "converter/libreoffice/uno_text.hpp"
 #include "converter/libreoffice/writer_document.hpp"
 #include "converter/libreoffice/writer_editor.hpp"
 #include "converter/plain_text_editor.hpp"
 
 namespace {
-namespace css = com::sun::star;
 using namespace quilom::converter;
 using namespace quilom::converter::libreoffice;
-using css::uno::Any;
-using css::uno::Reference;
-using css::uno::UNO_QUERY_THROW;
 
 constexpr char16_t kLegacyFont[] = u"TSCu_Paranar";
 constexpr char16_t kUnicodeFont[] = u"Noto Sans Tamil";
