@@ -179,10 +179,11 @@ void BelovedOskaGrace::CreateControls() {
 
 void BelovedOskaGrace::Layout(int width, int height) {
   const int margin = 6;
-  const int guidanceHeight = 64;
+  const int guidanceHeight = 70;
   const int statusHeight = 18;
-  const int optionRow = 19;
-  const int optionsHeight = optionRow * kFloaterOptionCount + 6;
+  // The options list is as tall as its nine rows in the font in use, no more.
+  const DWORD needed = ListView_ApproximateViewRect(options_, -1, -1, kFloaterOptionCount);
+  const int optionsHeight = HIWORD(needed) + 6;
   const int inner = std::max(width - 2 * margin, 0);
   const int gridTop = margin + guidanceHeight;
   const int gridHeight = std::max(height - gridTop - optionsHeight - statusHeight - 3 * margin, 40);
@@ -190,7 +191,14 @@ void BelovedOskaGrace::Layout(int width, int height) {
   MoveWindow(grid_, margin, gridTop, inner, gridHeight, TRUE);
   MoveWindow(options_, margin, gridTop + gridHeight + margin, inner, optionsHeight, TRUE);
   MoveWindow(status_, margin, height - statusHeight - margin, inner, statusHeight, TRUE);
-  ListView_SetColumnWidth(options_, 0, std::max(inner - 24, 60));
+  ListView_SetColumnWidth(options_, 0, LVSCW_AUTOSIZE_USEHEADER);
+  FitLastColumn();
+}
+
+void BelovedOskaGrace::FitLastColumn() {
+  HWND header = ListView_GetHeader(grid_);
+  const int columns = header != nullptr ? Header_GetItemCount(header) : 0;
+  if (columns > 0) ListView_SetColumnWidth(grid_, columns - 1, LVSCW_AUTOSIZE_USEHEADER);
 }
 
 void BelovedOskaGrace::FillOptions() {
@@ -209,10 +217,11 @@ void BelovedOskaGrace::BuildColumns() {
   std::vector<translit::win32::ListColumn> columns;
   if (look.hotkeyColumn) columns.push_back({L"#", 30});
   if (look.nameColumn) columns.push_back({L"Keymap", 240});
-  if (look.languageColumn) columns.push_back({L"Language", 80});
-  if (look.encodingColumn) columns.push_back({L"Encoding", 80});
+  if (look.languageColumn) columns.push_back({L"Language", 70});
+  if (look.encodingColumn) columns.push_back({L"Encoding", 66});
   if (look.keyboardColumn) columns.push_back({L"Keyboard", 150});
   translit::win32::SetListColumns(grid_, columns);
+  FitLastColumn();
 }
 
 void BelovedOskaGrace::FillGrid() {

@@ -55,6 +55,7 @@ class BelovedOskaGrace final : public TypingObserver {
   void Layout(int width, int height);
   void FillOptions();
   void BuildColumns();
+  void FitLastColumn();
   void FillGrid();
   void ApplyLook();
   void OnNotify(const NMHDR& header);
