@@ -216,10 +216,25 @@ EncodingDetector EncodingDetector::Load(const std::filesystem::path& converterFo
     const std::u16string table = LoadTableText(converterFolder, *id);
     if (table.empty()) continue;
     auto replacer = std::make_shared<PairReplacer>(ParseConversionTable(table).pairs);
-    const std::u16string toLegacy =
-        LoadTableText(converterFolder, *UnicodeToLegacyTableId(static_cast<int>(position), true));
-    const std::size_t coverage = Coverage(*replacer, ParseConversionTable(toLegacy).pairs);
-    detector.candidates_.push_back({static_cast<int>(position), list.names[position], std::move(replacer), coverage});
+    const ConversionTable toLegacy = ParseConversionTable(
+        LoadTableText(converterFolder, *UnicodeToLegacyTableId(static_cast<int>(position), true)));
+    const ConversionTable toLegacyPlainRa = ParseConversionTable(
+        LoadTableText(converterFolder, *UnicodeToLegacyTableId(static_cast<int>(position), false)));
+    auto written = std::make_shared<std::vector<bool>>(0x10000, false);
+    for (const ConversionTable* written_by : {&toLegacy, &toLegacyPlainRa}) {
+      for (const TablePair& pair : written_by->pairs) {
+        for (const char16_t unit : pair.replacement) (*written)[unit] = true;
+      }
+    }
+    auto read = std::make_shared<std::vector<bool>>(0x10000, false);
+    for (const TablePair& pair : ParseConversionTable(table).pairs) {
+      for (const char16_t unit : pair.find) (*read)[unit] = true;
+    }
+    const std::size_t coverage = Coverage(*replacer, toLegacy.pairs);
+    detector.candidates_.push_back({static_cast<int>(position), list.names[position], std::move(replacer), coverage,
+                                    std::move(written), std::move(read),
+                                    std::make_shared<PairReplacer>(toLegacy.pairs),
+                                    std::make_shared<PairReplacer>(toLegacyPlainRa.pairs)});
   }
   return detector;
 }
@@ -236,12 +251,21 @@ std::vector<EncodingGuess> EncodingDetector::Rank(std::u16string_view text, std:
     const double value = score.letters == 0 ? 0.0 : (score.tamil - score.penalty) / score.letters;
     guesses.push_back({candidate.position, candidate.name, value, 0, {}, 0});
   }
-  // Between equal scores the encoding whose table carries more syllables is the likelier to
-  // read the text right; after that, list order, so the answer never depends on the sort.
+  // Between equal scores: fewer codes the encoding never writes, then more syllables carried,
+  // then list order, so the answer never depends on the sort.
   std::vector<std::size_t> order(guesses.size());
   for (std::size_t i = 0; i < order.size(); ++i) order[i] = i;
+  std::vector<std::size_t> unwritten(candidates_.size(), 0);
+  for (std::size_t i = 0; i < candidates_.size(); ++i) {
+    const std::vector<bool>& written = *candidates_[i].written;
+    const std::vector<bool>& read = *candidates_[i].read;
+    for (const char16_t unit : sample) unwritten[i] += read[unit] && !written[unit];
+  }
+  const std::vector<bool> writesBack = WritesBack(sample, guesses, readings);
   std::stable_sort(order.begin(), order.end(), [&](std::size_t a, std::size_t b) {
     if (guesses[a].score != guesses[b].score) return guesses[a].score > guesses[b].score;
+    if (writesBack[a] != writesBack[b]) return writesBack[a];
+    if (unwritten[a] != unwritten[b]) return unwritten[a] < unwritten[b];
     return candidates_[a].coverage > candidates_[b].coverage;
   });
   std::vector<EncodingGuess> sorted;
@@ -256,6 +280,22 @@ std::vector<EncodingGuess> EncodingDetector::Rank(std::u16string_view text, std:
     }
   }
   return sorted;
+}
+
+// Only for candidates that read the text exactly as another does: elsewhere the score decides.
+std::vector<bool> EncodingDetector::WritesBack(std::u16string_view sample, const std::vector<EncodingGuess>& guesses,
+                                               const std::vector<std::u16string>& readings) const {
+  std::vector<bool> writesBack(candidates_.size(), false);
+  for (std::size_t i = 0; i < candidates_.size(); ++i) {
+    bool tied = false;
+    for (std::size_t j = 0; j < candidates_.size() && !tied; ++j) {
+      tied = j != i && guesses[i].score == guesses[j].score && readings[i] == readings[j];
+    }
+    if (!tied) continue;
+    const Candidate& candidate = candidates_[i];
+    writesBack[i] = candidate.writer->Apply(readings[i]) == sample || candidate.plainRaWriter->Apply(readings[i]) == sample;
+  }
+  return writesBack;
 }
 
 std::u16string FamilyName(const EncodingGuess& guess) {

@@ -47,7 +47,10 @@ class EncodingDetector {
   // Every candidate, best first. Only the first `sampleLimit` code units are looked at: a long
   // file is settled by its beginning. Empty when the detector has no tables. Among encodings
   // that read the text alike, the one whose table carries more syllables comes first (it is the
-  // likelier to read the rest of a document right), then list order.
+  // likelier to read the rest of a document right), then list order. Before both come two
+  // looks at the codes themselves: an encoding whose own tables write the text's reading back
+  // into exactly the text, then fewer of the text's codes that the encoding reads but its own
+  // tables never write (a document holds the codes its encoding produces).
   std::vector<EncodingGuess> Rank(std::u16string_view text, std::size_t sampleLimit = 1u << 16) const;
 
   std::size_t EncodingCount() const { return candidates_.size(); }
@@ -58,7 +61,16 @@ class EncodingDetector {
     std::u16string name;
     std::shared_ptr<PairReplacer> replacer;
     std::size_t coverage;  // syllables its tables carry both ways
+    // Glyph codes its own Unicode-to-legacy tables write, and those its reading table knows.
+    // A text that holds codes the encoding reads but never writes was likely written in
+    // another encoding that reads them alike: the one tie-break that looks at the codes.
+    std::shared_ptr<const std::vector<bool>> written, read;
+    // Its Unicode-to-legacy tables (both forms of ர்/ரி/ரீ): a text that one encoding of a tied
+    // family writes back exactly as it stands was more likely written in that one.
+    std::shared_ptr<PairReplacer> writer, plainRaWriter;
   };
+  std::vector<bool> WritesBack(std::u16string_view sample, const std::vector<EncodingGuess>& guesses,
+                               const std::vector<std::u16string>& readings) const;
   std::vector<Candidate> candidates_;
 };
 
