@@ -157,6 +157,9 @@ LRESULT BelovedOskaGrace::Dispatch(UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 void BelovedOskaGrace::CreateControls() {
+  HDC screen = GetDC(nullptr);
+  dpi_ = std::max(GetDeviceCaps(screen, LOGPIXELSY), 96);
+  ReleaseDC(nullptr, screen);
   font_ = MessageFont();
   const auto makeChild = [&](DWORD exStyle, const wchar_t* type, DWORD style, int id, const wchar_t* text) {
     HWND child = CreateWindowExW(exStyle, type, text, WS_CHILD | WS_VISIBLE | style, 0, 0, 0, 0, window_,
@@ -178,15 +181,15 @@ void BelovedOskaGrace::CreateControls() {
 }
 
 void BelovedOskaGrace::Layout(int width, int height) {
-  const int margin = 6;
-  const int guidanceHeight = 70;
-  const int statusHeight = 18;
+  const int margin = Px(6);
+  const int guidanceHeight = Px(70);
+  const int statusHeight = Px(18);
   // The options list is as tall as its nine rows in the font in use, no more.
   const DWORD needed = ListView_ApproximateViewRect(options_, -1, -1, kFloaterOptionCount);
   const int optionsHeight = HIWORD(needed) + 6;
   const int inner = std::max(width - 2 * margin, 0);
   const int gridTop = margin + guidanceHeight;
-  const int gridHeight = std::max(height - gridTop - optionsHeight - statusHeight - 3 * margin, 40);
+  const int gridHeight = std::max(height - gridTop - optionsHeight - statusHeight - 3 * margin, Px(40));
   MoveWindow(guidance_, margin, margin, inner, guidanceHeight - margin, TRUE);
   MoveWindow(grid_, margin, gridTop, inner, gridHeight, TRUE);
   MoveWindow(options_, margin, gridTop + gridHeight + margin, inner, optionsHeight, TRUE);
@@ -215,11 +218,11 @@ void BelovedOskaGrace::FillOptions() {
 void BelovedOskaGrace::BuildColumns() {
   const FloaterLook look = FloaterLookOf(settings_);
   std::vector<translit::win32::ListColumn> columns;
-  if (look.hotkeyColumn) columns.push_back({L"#", 30});
-  if (look.nameColumn) columns.push_back({L"Keymap", 240});
-  if (look.languageColumn) columns.push_back({L"Language", 70});
-  if (look.encodingColumn) columns.push_back({L"Encoding", 66});
-  if (look.keyboardColumn) columns.push_back({L"Keyboard", 150});
+  if (look.hotkeyColumn) columns.push_back({L"#", Px(30)});
+  if (look.nameColumn) columns.push_back({L"Keymap", Px(240)});
+  if (look.languageColumn) columns.push_back({L"Language", Px(70)});
+  if (look.encodingColumn) columns.push_back({L"Encoding", Px(66)});
+  if (look.keyboardColumn) columns.push_back({L"Keyboard", Px(150)});
   translit::win32::SetListColumns(grid_, columns);
   FitLastColumn();
 }

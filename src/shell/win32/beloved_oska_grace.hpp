@@ -68,6 +68,8 @@ class BelovedOskaGrace final : public TypingObserver {
   void SavePlacement();
   void Save();
   void ShowMessage(const FloaterMessage& message) const;
+  // Lengths given at 96 DPI, in pixels at the system's DPI (the font follows it).
+  int Px(int units) const { return MulDiv(units, dpi_, 96); }
   std::u16string PreviousTitle() const;
 
   HINSTANCE instance_;
@@ -80,6 +82,7 @@ class BelovedOskaGrace final : public TypingObserver {
   HWND options_ = nullptr;
   HWND status_ = nullptr;
   HFONT font_ = nullptr;
+  int dpi_ = 96;
   ForegroundTracker foreground_;
   int chosenNumber_ = 0;
   bool fillingOptions_ = false;
