@@ -168,6 +168,9 @@ TEST_F(DetectionReport, RealParagraphs) {
   ASSERT_GE(paragraphs.size(), 30u);
   const Tally all = Measure(paragraphs, "Detection at paragraph length, real paragraphs");
   EXPECT_GE(all.family * 100, all.total * 99);
+  // Libi and Shreelipi, Murasoli and Vanavil write these texts identically: no single name can
+  // be right for both, which caps this share near 92%.
+  EXPECT_GE(all.exact * 100, all.total * 88);
   EXPECT_GE(all.reads * 1000, all.total * 995);
 }
 
