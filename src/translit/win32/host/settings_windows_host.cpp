@@ -10,9 +10,9 @@
 #include <string>
 #include <vector>
 
-#include "controls/win32/wide_text.hpp"
 #include "settings/data_folders.hpp"
 #include "settings/error_report.hpp"
+#include "shell/win32/message_box_reporter.hpp"
 #include "tools/win32/tool_controls.hpp"
 #include "tools/win32/tool_windows.hpp"
 #include "translit/win32/settings_windows.hpp"
@@ -20,14 +20,6 @@
 namespace {
 
 using namespace quilom;
-
-class MessageBoxReporter final : public ErrorReporter {
- public:
-  void Show(std::u16string_view title, std::u16string_view message) noexcept override {
-    MessageBoxW(nullptr, controls::ToWide(message).c_str(), controls::ToWide(title).c_str(),
-                MB_OK | MB_ICONINFORMATION);
-  }
-};
 
 std::vector<std::wstring> Arguments() {
   int count = 0;
@@ -51,7 +43,7 @@ bool OpenWindow(const std::wstring& name, HINSTANCE instance, const settings::Da
 int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR, int) {
   INITCOMMONCONTROLSEX controls{sizeof(controls), ICC_STANDARD_CLASSES | ICC_WIN95_CLASSES};
   InitCommonControlsEx(&controls);
-  SetErrorReporter(std::make_shared<MessageBoxReporter>());
+  SetErrorReporter(std::make_shared<shell::win32::MessageBoxReporter>());
 
   auto folders = settings::DataFolders::ForProgramFolder(tools::win32::ProgramFolder());
   const auto arguments = Arguments();
