@@ -69,7 +69,8 @@ int RunDetect(CommandContext& ctx) {
 const RegisterCommand registration({
     kName,
     "detect [FILE] [--all]",
-    "Name the legacy Tamil font encoding a text most likely uses, with a confidence; encodings that read the text alike are named together (--all: every encoding)",
+    "Name the legacy Tamil font encoding a text most likely uses, with a confidence; encodings that read the text "
+    "alike are named together (--all: every encoding)",
     RunDetect,
 });
 

@@ -216,8 +216,8 @@ EncodingDetector EncodingDetector::Load(const std::filesystem::path& converterFo
     const std::u16string table = LoadTableText(converterFolder, *id);
     if (table.empty()) continue;
     auto replacer = std::make_shared<PairReplacer>(ParseConversionTable(table).pairs);
-    const ConversionTable toLegacy = ParseConversionTable(
-        LoadTableText(converterFolder, *UnicodeToLegacyTableId(static_cast<int>(position), true)));
+    const ConversionTable toLegacy =
+        ParseConversionTable(LoadTableText(converterFolder, *UnicodeToLegacyTableId(static_cast<int>(position), true)));
     const ConversionTable toLegacyPlainRa = ParseConversionTable(
         LoadTableText(converterFolder, *UnicodeToLegacyTableId(static_cast<int>(position), false)));
     auto written = std::make_shared<std::vector<bool>>(0x10000, false);
@@ -232,8 +232,7 @@ EncodingDetector EncodingDetector::Load(const std::filesystem::path& converterFo
     }
     const std::size_t coverage = Coverage(*replacer, toLegacy.pairs);
     detector.candidates_.push_back({static_cast<int>(position), list.names[position], std::move(replacer), coverage,
-                                    std::move(written), std::move(read),
-                                    std::make_shared<PairReplacer>(toLegacy.pairs),
+                                    std::move(written), std::move(read), std::make_shared<PairReplacer>(toLegacy.pairs),
                                     std::make_shared<PairReplacer>(toLegacyPlainRa.pairs)});
   }
   return detector;
@@ -293,7 +292,8 @@ std::vector<bool> EncodingDetector::WritesBack(std::u16string_view sample, const
     }
     if (!tied) continue;
     const Candidate& candidate = candidates_[i];
-    writesBack[i] = candidate.writer->Apply(readings[i]) == sample || candidate.plainRaWriter->Apply(readings[i]) == sample;
+    writesBack[i] =
+        candidate.writer->Apply(readings[i]) == sample || candidate.plainRaWriter->Apply(readings[i]) == sample;
   }
   return writesBack;
 }

@@ -101,8 +101,7 @@ std::optional<std::u16string_view> WordMemo::Find(std::u16string_view word, std:
     }
     const char16_t* stored = arena_.data() + slot.offset;
     const std::size_t wordLength = stored[0];
-    if (wordLength == word.size() &&
-        std::memcmp(stored + 2, word.data(), wordLength * sizeof(char16_t)) == 0) {
+    if (wordLength == word.size() && std::memcmp(stored + 2, word.data(), wordLength * sizeof(char16_t)) == 0) {
       return std::u16string_view(stored + 2 + wordLength, stored[1]);
     }
   }
@@ -277,11 +276,13 @@ bool PairReplacer::FindSafeCuts() {
     for (std::size_t at = 1; at < pair.find.size(); ++at) {
       marks.emplace_back(classOf(pair.find[at - 1]), classOf(pair.find[at]));
     }
-    for (const auto& [before, after] : marks) spanned[before * classWords + after / 64] |= std::uint64_t{1} << (after % 64);
+    for (const auto& [before, after] : marks)
+      spanned[before * classWords + after / 64] |= std::uint64_t{1} << (after % 64);
   }
   safeCuts_.resize(classes * classes);
   for (std::size_t before = 0; before < classes; ++before) {
-    for (std::size_t after = 0; after < classes; ++after) safeCuts_[before * classes + after] = !isSpanned(before, after);
+    for (std::size_t after = 0; after < classes; ++after)
+      safeCuts_[before * classes + after] = !isSpanned(before, after);
   }
   // A run of separators is kept whole.
   safeCuts_[0] = 0;
@@ -373,7 +374,8 @@ inline void PairReplacer::ConvertPiece(std::u16string_view piece, std::uint64_t 
 
 // Most pieces were met before: their result is copied here, inline; the rest go the long way.
 template <typename Output>
-[[gnu::always_inline]] inline void PairReplacer::EmitPiece(std::u16string_view text, std::size_t begin, std::size_t end, Output& out) {
+[[gnu::always_inline]] inline void PairReplacer::EmitPiece(std::u16string_view text, std::size_t begin, std::size_t end,
+                                                           Output& out) {
   const std::size_t length = end - begin;
   const std::uint16_t unitClass = unitClass_[text[begin]];
   if (unitClass == 0) {
@@ -386,8 +388,8 @@ template <typename Output>
       out.AppendReadingAhead(std::u16string_view(singleResults_.data() + single.offset, single.length));
       return;
     }
-  } else if (length <= WordMemo::kPackedUnits && remembering_ && packable_ && std::endian::native == std::endian::little &&
-             begin + WordMemo::kPackedUnits <= text.size()) {
+  } else if (length <= WordMemo::kPackedUnits && remembering_ && packable_ &&
+             std::endian::native == std::endian::little && begin + WordMemo::kPackedUnits <= text.size()) {
     std::uint64_t key;
     std::memcpy(&key, text.data() + begin, sizeof key);
     key &= ~std::uint64_t{0} >> (64 - 16 * length);

@@ -152,7 +152,7 @@ class PairReplacer {
   };
   std::vector<SingleResult> singles_;  // by class
   std::u16string singleResults_;
-  bool packable_ = true;                 // no find text holds U+0000, so keys are unambiguous
+  bool packable_ = true;  // no find text holds U+0000, so keys are unambiguous
   WordMemo remembered_;
   // Remembering pays only when words come back; a text of words seen once stops it.
   bool remembering_ = true;

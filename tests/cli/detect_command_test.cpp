@@ -6,8 +6,8 @@
 
 #include "cli/command.hpp"
 #include "converter/encoding_list.hpp"
-#include "text/utf.hpp"
 #include "support/temp_folder.hpp"
+#include "text/utf.hpp"
 
 namespace quilom::cli {
 namespace {
@@ -43,8 +43,7 @@ TEST(DetectCommand, NamesTheEncodingWithItsConfidenceAndRunnersUp) {
   const CommandRun all =
       Quilom({"detect", "--all"}, Quilom({"convert", "--from", "Unicode", "--to", "Tscii"}, kParagraph).out);
   // Every shipped legacy encoding is named, alone or in its family.
-  const converter::EncodingList list =
-      converter::LoadEncodingList(testing::SourceDataRoot() / "Tamil Fonts Converter");
+  const converter::EncodingList list = converter::LoadEncodingList(testing::SourceDataRoot() / "Tamil Fonts Converter");
   ASSERT_GE(list.names.size(), 20u);
   for (std::size_t position = 1; position < list.names.size(); ++position) {
     EXPECT_NE(all.out.find(text::Utf16ToUtf8(list.names[position])), std::string::npos) << all.out;
@@ -62,7 +61,8 @@ TEST(DetectCommand, NamesEncodingsThatReadTheTextAlikeTogether) {
   EXPECT_NE(first.find("Libi or Shreelipi (confidence "), std::string::npos) << first;
   EXPECT_NE(first.find("read the text the same way"), std::string::npos) << first;
   EXPECT_EQ(detected.out.find("Shreelipi", first.size()), detected.out.find("Shreelipiavid", first.size()))
-      << "named twice:\n" << detected.out;
+      << "named twice:\n"
+      << detected.out;
 }
 
 TEST(DetectCommand, SaysSoWhenNothingReadsAsTamil) {

@@ -2,13 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <fstream>
 #include <map>
 #include <memory>
 #include <random>
 #include <sstream>
-#include <algorithm>
 
 #include "converter/convert_checks.hpp"
 #include "converter/encoding_list.hpp"
@@ -118,7 +118,8 @@ class DetectionReport : public ::testing::Test {
         tally.reads += toUnicode[best.position - 1].Apply(legacy) == toUnicode[position - 1].Apply(legacy);
       }
       std::string instead;
-      for (const auto& [name, times] : insteads) instead += " " + text::Utf16ToUtf8(name) + " (" + std::to_string(times) + ")";
+      for (const auto& [name, times] : insteads)
+        instead += " " + text::Utf16ToUtf8(name) + " (" + std::to_string(times) + ")";
       std::printf("  %-14s %7.1f%% %7.1f%% %7.1f%% %s\n", text::Utf16ToUtf8(list.names[position]).c_str(),
                   tally.Share(tally.exact), tally.Share(tally.family), tally.Share(tally.reads), instead.c_str());
       all.Add(tally);
@@ -132,7 +133,8 @@ class DetectionReport : public ::testing::Test {
 TEST(EncodingDetector, ConfidencesAddUpAndAlikeEncodingsShareTheirs) {
   const EncodingDetector detector = EncodingDetector::Load(Folder());
   PairReplacer toLegacy(
-      ParseConversionTable(LoadTableText(Folder(), *UnicodeToLegacyTableId(LoadEncodingList(Folder()).Position(u"Softview").value(), true)))
+      ParseConversionTable(LoadTableText(Folder(), *UnicodeToLegacyTableId(
+                                                       LoadEncodingList(Folder()).Position(u"Softview").value(), true)))
           .pairs);
   const std::vector<EncodingGuess> guesses = detector.Rank(toLegacy.Apply(Paragraphs().front()));
   ASSERT_FALSE(guesses.empty());
@@ -143,7 +145,8 @@ TEST(EncodingDetector, ConfidencesAddUpAndAlikeEncodingsShareTheirs) {
   for (const EncodingGuess& guess : guesses) {
     double family = guess.confidence;
     for (const std::u16string& name : guess.alike) {
-      const auto other = std::find_if(guesses.begin(), guesses.end(), [&](const EncodingGuess& g) { return g.name == name; });
+      const auto other =
+          std::find_if(guesses.begin(), guesses.end(), [&](const EncodingGuess& g) { return g.name == name; });
       ASSERT_NE(other, guesses.end());
       EXPECT_EQ(other->score, guess.score);
       family += other->confidence;
