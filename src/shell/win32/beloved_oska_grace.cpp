@@ -43,6 +43,25 @@ void RegisterClassOnce(HINSTANCE instance, WNDPROC procedure) {
   RegisterClassExW(&windowClass);
 }
 
+// The program's message loop runs no dialog navigation for the floater, so its two lists move
+// the focus between them with Tab themselves, and Escape hides the floater as its close box does.
+constexpr UINT_PTR kListKeysSubclass = 1;
+
+LRESULT CALLBACK ListKeys(HWND list, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR, DWORD_PTR other) {
+  if (message == WM_KEYDOWN && wParam == VK_TAB) {
+    SetFocus(reinterpret_cast<HWND>(other));
+    return 0;
+  }
+  if (message == WM_KEYDOWN && wParam == VK_ESCAPE) {
+    PostMessageW(GetParent(list), WM_CLOSE, 0, 0);
+    return 0;
+  }
+  // Their characters would start the list's type-ahead search.
+  if (message == WM_CHAR && (wParam == L'\t' || wParam == 0x1B)) return 0;
+  if (message == WM_NCDESTROY) RemoveWindowSubclass(list, ListKeys, kListKeysSubclass);
+  return DefSubclassProc(list, message, wParam, lParam);
+}
+
 HFONT MessageFont() {
   NONCLIENTMETRICSW metrics{};
   metrics.cbSize = sizeof(metrics);
@@ -176,6 +195,8 @@ void BelovedOskaGrace::CreateControls() {
   ListView_SetExtendedListViewStyle(options_, LVS_EX_CHECKBOXES | LVS_EX_FULLROWSELECT);
   translit::win32::SetListColumns(options_, {{L"Option", 240}});
   status_ = makeChild(0, WC_STATICW, SS_ENDELLIPSIS, 0, L"Typing is OFF");
+  SetWindowSubclass(grid_, ListKeys, kListKeysSubclass, reinterpret_cast<DWORD_PTR>(options_));
+  SetWindowSubclass(options_, ListKeys, kListKeysSubclass, reinterpret_cast<DWORD_PTR>(grid_));
   FillOptions();
   ApplyLook();
 }
