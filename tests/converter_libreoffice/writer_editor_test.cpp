@@ -115,14 +115,12 @@ TEST(LibreOfficeBackend, SaysWhatToInstallWhenLibreOfficeIsMissing) {
 #include <com/sun/star/text/XTextCursor.hpp>
 #include <com/sun/star/text/XTextDocument.hpp>
 
+#include "converter/libreoffice/uno_names.hpp"
 #include "converter/libreoffice/uno_text.hpp"
 
 namespace quilom::testing::lo {
 namespace {
-namespace css = com::sun::star;
-using converter::libreoffice::ToOUString;
-using css::uno::Reference;
-using css::uno::UNO_QUERY_THROW;
+using namespace converter::libreoffice;
 
 // Text that shows in the legacy font only because its paragraph style says so is converted.
 TEST(WriterEditor, TextInheritingTheFindFontFromItsParagraphStyleIsConverted) {

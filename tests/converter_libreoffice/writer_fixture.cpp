@@ -14,20 +14,12 @@
 #include <com/sun/star/view/XSelectionSupplier.hpp>
 
 #include "converter/libreoffice/font_search.hpp"
+#include "converter/libreoffice/uno_names.hpp"
 #include "converter/libreoffice/uno_text.hpp"
 #include "converter/libreoffice/writer_document.hpp"
 
 namespace quilom::testing::lo {
-namespace css = com::sun::star;
-using converter::libreoffice::FontPropertyFor;
-using converter::libreoffice::MakeSequence;
-using converter::libreoffice::Property;
-using converter::libreoffice::ToOUString;
-using converter::libreoffice::ToU16;
-using css::uno::Any;
-using css::uno::Reference;
-using css::uno::UNO_QUERY;
-using css::uno::UNO_QUERY_THROW;
+using namespace converter::libreoffice;
 
 namespace {
 
