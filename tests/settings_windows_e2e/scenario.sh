@@ -206,6 +206,12 @@ case $name in
     xdotool type --delay 30 'amma '
     expect_text 'அம்ம '
     expect_no_latin_characters
+    # An option is written at once: "Follow the Typing", the first row of the options, ticked
+    # with a click on its box (typing is on, so Space would be typed, not pressed).
+    xdotool mousemove 720 306 click 1
+    for _ in $(seq 30); do [ "$(utf8 "$floater" | grep -A1 -x '`````Follow the Typing' | tail -1)" = 1 ] && break; sleep 0.1; done
+    [ "$(utf8 "$floater" | grep -A1 -x '`````Follow the Typing' | tail -1)" = 1 ] ||
+      fail "ticking Follow the Typing was not written: $(utf8 "$floater" | head -3)"
     ;;
   *)
     fail "unknown scenario"
