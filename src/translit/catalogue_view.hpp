@@ -27,7 +27,9 @@ class CatalogueView {
   const LfkChoice& Filter() const { return filter_; }
   // The list positions of the rows shown, in order.
   const std::vector<int>& Shown() const { return shown_; }
-  const LfkRow& ShownRow(int shownIndex) const { return rows_[static_cast<size_t>(shown_[static_cast<size_t>(shownIndex)])]; }
+  const LfkRow& ShownRow(int shownIndex) const {
+    return rows_[static_cast<size_t>(shown_[static_cast<size_t>(shownIndex)])];
+  }
   std::vector<LfkRow> ShownRows() const;
 
   // Moves the shown row `shownIndex` one shown place up (delta < 0) or down (delta > 0).

@@ -223,8 +223,8 @@ TEST(CatalogueView, FilterShowsMatchingRowsAndFinalizeTakesOnlyThose) {
   view.SetRows(MixedRows());
   view.SetFilter({u"Except Tamil", std::u16string(kAllEncodings), std::u16string(kAllLayouts)});
   EXPECT_EQ(view.Shown(), (std::vector<int>{1, 3}));
-  EXPECT_EQ(Names(view.ShownRows()),
-            (std::vector<std::u16string>{u"Hindi-Unicode-PhoneticTransliteration", u"Greek-Unicode-PhoneticTransliteration"}));
+  EXPECT_EQ(Names(view.ShownRows()), (std::vector<std::u16string>{u"Hindi-Unicode-PhoneticTransliteration",
+                                                                  u"Greek-Unicode-PhoneticTransliteration"}));
   // A new list keeps the chosen filter.
   view.SetRows({Row(u"Tamil-Unicode-TypeWriterNew", u"9"), Row(u"Arabic-Unicode-PhoneticTransliteration", u"8")});
   EXPECT_EQ(view.Shown(), (std::vector<int>{1}));
@@ -266,7 +266,8 @@ TEST(CatalogueView, FinderGivesShownPositionsAndDropsTheFilterForAHiddenLanguage
   EXPECT_TRUE(tamil.clearsFilter);
   EXPECT_EQ(tamil.shownIndex, 0);
 
-  const auto none = view.Find({u"Sourashtra", std::u16string(kAllEncodings), std::u16string(kAllLayouts)}, u"Sourashtra");
+  const auto none =
+      view.Find({u"Sourashtra", std::u16string(kAllEncodings), std::u16string(kAllLayouts)}, u"Sourashtra");
   EXPECT_EQ(none.shownIndex, -1);
   EXPECT_FALSE(none.message.empty());
 }

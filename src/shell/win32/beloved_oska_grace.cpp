@@ -23,7 +23,6 @@ constexpr int kOptionsId = 102;
 constexpr UINT_PTR kForegroundTimer = 1;
 constexpr UINT kForegroundPeriodMs = 250;
 
-
 std::u16string WindowTitle(HWND window) {
   if (window == nullptr || !IsWindow(window)) return {};
   std::wstring title(static_cast<size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
@@ -334,8 +333,7 @@ void BelovedOskaGrace::SelectRow(int row) {
   chosenNumber_ = row + 1;
   host_.SetFloaterChosenKeymap(chosenNumber_);
   host_.SelectKeymapNumber(chosenNumber_, false, false);
-  const WindowId target =
-      AutoFocusTarget(settings_, host_.Selection(), foreground_.Target());
+  const WindowId target = AutoFocusTarget(settings_, host_.Selection(), foreground_.Target());
   HWND focus = reinterpret_cast<HWND>(target);
   if (focus != nullptr && IsWindow(focus)) SetForegroundWindow(focus);
 }
@@ -378,7 +376,8 @@ void BelovedOskaGrace::SavePlacement() {
 void BelovedOskaGrace::Save() { WriteFloaterSettings(FloaterSettingsPath(folders_), settings_); }
 
 void BelovedOskaGrace::ShowMessage(const FloaterMessage& message) const {
-  MessageBoxW(window_, controls::ToWide(message.text).c_str(), controls::ToWide(message.title).c_str(), MB_OK | MB_ICONINFORMATION);
+  MessageBoxW(window_, controls::ToWide(message.text).c_str(), controls::ToWide(message.title).c_str(),
+              MB_OK | MB_ICONINFORMATION);
 }
 
 }  // namespace quilom::shell::win32

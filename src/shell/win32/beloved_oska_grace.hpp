@@ -5,8 +5,8 @@
 #include <string>
 
 #include "settings/data_folders.hpp"
-#include "shell/foreground_tracker.hpp"
 #include "shell/floater_options.hpp"
+#include "shell/foreground_tracker.hpp"
 #include "shell/win32/typing_host.hpp"
 
 // The floater: a small window beside the user's work offering the keymaps of the main window in

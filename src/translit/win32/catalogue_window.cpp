@@ -1,5 +1,5 @@
-#include <windows.h>
 #include <commctrl.h>
+#include <windows.h>
 
 #include <array>
 #include <memory>
@@ -75,7 +75,8 @@ class CatalogueWindow final : public tools::win32::ToolWindow {
 
  protected:
   void OnCreate() override {
-    const std::u16string person = PersonNamedEncoding(LoadLfkList(folders_, kOriginalList).value_or(std::vector<LfkRow>{}));
+    const std::u16string person =
+        PersonNamedEncoding(LoadLfkList(folders_, kOriginalList).value_or(std::vector<LfkRow>{}));
     const std::array<std::vector<std::u16string>, 3> filters = {
         LanguageVocabulary(), EncodingVocabulary(person, VocabularyUse::Filter), LayoutVocabulary()};
     const std::array<std::vector<std::u16string>, 3> finders = {
@@ -135,9 +136,9 @@ class CatalogueWindow final : public tools::win32::ToolWindow {
 
  private:
   void AddCombo(int id, const std::vector<std::u16string>& entries) {
-    HWND combo = CreateWindowExW(0, WC_COMBOBOXW, L"", WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWNLIST,
-                                 0, 0, 0, 0, Handle(), reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), nullptr,
-                                 nullptr);
+    HWND combo =
+        CreateWindowExW(0, WC_COMBOBOXW, L"", WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWNLIST, 0, 0,
+                        0, 0, Handle(), reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), nullptr, nullptr);
     SendMessageW(combo, WM_SETFONT, SendMessageW(Item(kFilterLabel), WM_GETFONT, 0, 0), FALSE);
     for (const auto& entry : entries) {
       SendMessageW(combo, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(controls::ToWide(entry).c_str()));
@@ -146,14 +147,14 @@ class CatalogueWindow final : public tools::win32::ToolWindow {
   }
 
   void AddGrid() {
-    HWND grid = CreateWindowExW(WS_EX_CLIENTEDGE, WC_LISTVIEWW, L"",
-                                WS_CHILD | WS_VISIBLE | WS_TABSTOP | LVS_REPORT | LVS_SINGLESEL | LVS_SHOWSELALWAYS,
-                                0, 0, 0, 0, Handle(), reinterpret_cast<HMENU>(static_cast<INT_PTR>(kGrid)), nullptr,
-                                nullptr);
+    HWND grid =
+        CreateWindowExW(WS_EX_CLIENTEDGE, WC_LISTVIEWW, L"",
+                        WS_CHILD | WS_VISIBLE | WS_TABSTOP | LVS_REPORT | LVS_SINGLESEL | LVS_SHOWSELALWAYS, 0, 0, 0, 0,
+                        Handle(), reinterpret_cast<HMENU>(static_cast<INT_PTR>(kGrid)), nullptr, nullptr);
     SendMessageW(grid, WM_SETFONT, SendMessageW(Item(kFilterLabel), WM_GETFONT, 0, 0), FALSE);
     ListView_SetExtendedListViewStyle(grid, LVS_EX_FULLROWSELECT | LVS_EX_GRIDLINES);
-    SetListColumns(grid, {{L"Language", Px(130)}, {L"Font Encoding", Px(120)}, {L"Keyboard Layout", Px(200)},
-                          {L"No.", Px(50)}});
+    SetListColumns(
+        grid, {{L"Language", Px(130)}, {L"Font Encoding", Px(120)}, {L"Keyboard Layout", Px(200)}, {L"No.", Px(50)}});
   }
 
   std::u16string ComboText(int id) const {
@@ -168,7 +169,8 @@ class CatalogueWindow final : public tools::win32::ToolWindow {
   LfkChoice ChoiceOf(int first) const { return {ComboText(first), ComboText(first + 1), ComboText(first + 2)}; }
 
   void LoadStartList() {
-    for (const std::u16string_view name : {std::u16string_view(screen_.fileToBeLoaded), kFinalizedList, kOriginalList}) {
+    for (const std::u16string_view name :
+         {std::u16string_view(screen_.fileToBeLoaded), kFinalizedList, kOriginalList}) {
       if (LoadNamedList(std::u16string(name), false)) return;
     }
     ShowRows();
@@ -204,8 +206,8 @@ class CatalogueWindow final : public tools::win32::ToolWindow {
     SetListRows(Item(kGrid), cells);
     SelectListRow(Item(kGrid), highlight);
     const std::wstring status = L"List: " + controls::ToWide(listName_) + L"  -  " +
-                                std::to_wstring(view_.Shown().size()) + L" of " +
-                                std::to_wstring(view_.Rows().size()) + L" LFKs shown";
+                                std::to_wstring(view_.Shown().size()) + L" of " + std::to_wstring(view_.Rows().size()) +
+                                L" LFKs shown";
     SetWindowTextW(Item(kStatus), status.c_str());
   }
 
@@ -302,9 +304,9 @@ HWND ShowKeymapCatalogueWindow(HINSTANCE instance, HWND owner, const settings::D
     return tools::win32::ToolWindow::Open(nullptr, instance, owner, kKind, L"", 0, 0, nullptr);
   }
   CatalogueScreen screen = ReadCatalogueScreen(folders);
-  HWND window = tools::win32::ToolWindow::Open(std::make_unique<CatalogueWindow>(folders, owner, screen), instance,
-                                               owner, kKind, L"Quilom++ - Languages, Font Encodings and Keyboards",
-                                               700, 520, BuildMenu());
+  HWND window =
+      tools::win32::ToolWindow::Open(std::make_unique<CatalogueWindow>(folders, owner, screen), instance, owner, kKind,
+                                     L"Quilom++ - Languages, Font Encodings and Keyboards", 700, 520, BuildMenu());
   if (window == nullptr) return nullptr;
   if (screen.width > 0 && screen.height > 0) {
     SetWindowPos(window, nullptr, 0, 0, screen.width, screen.height, SWP_NOMOVE | SWP_NOZORDER);

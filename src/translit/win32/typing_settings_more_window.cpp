@@ -1,5 +1,5 @@
-#include <windows.h>
 #include <shellapi.h>
+#include <windows.h>
 
 #include <filesystem>
 #include <memory>
@@ -24,7 +24,6 @@ enum ControlId : int {
 };
 
 constexpr wchar_t kHelpPage[] = L"qm-settings-help.html";
-
 
 class TypingSettingsMoreWindow final : public tools::win32::ToolWindow {
  public:
@@ -85,8 +84,7 @@ class TypingSettingsMoreWindow final : public tools::win32::ToolWindow {
   }
 
   void RowClicked(int row) {
-    const std::u16string warning =
-        ClickSetKeyRow(folders_, rows_[static_cast<size_t>(row)], IsTicked(kRowFirst + row));
+    const std::u16string warning = ClickSetKeyRow(folders_, rows_[static_cast<size_t>(row)], IsTicked(kRowFirst + row));
     // A scheme choice also changes its partner, so every box is read back.
     ShowTicks();
     if (!warning.empty()) tools::win32::ShowInformation(Handle(), warning);
@@ -120,8 +118,8 @@ class TypingSettingsMoreWindow final : public tools::win32::ToolWindow {
 }  // namespace
 
 HWND ShowTypingSettingsMoreWindow(HINSTANCE instance, HWND owner, const settings::DataFolders& folders) {
-  return tools::win32::ToolWindow::Open(std::make_unique<TypingSettingsMoreWindow>(folders), instance, owner,
-                                        L"qmset2", L"Quilom++ - More Typing Settings", 520, 340, nullptr);
+  return tools::win32::ToolWindow::Open(std::make_unique<TypingSettingsMoreWindow>(folders), instance, owner, L"qmset2",
+                                        L"Quilom++ - More Typing Settings", 520, 340, nullptr);
 }
 
 }  // namespace quilom::translit::win32

@@ -22,7 +22,6 @@ enum ControlId : int {
   kItemFirst = 1320,  // one box per TypingSettingItems() entry
 };
 
-
 class TypingSettingsWindow final : public tools::win32::ToolWindow {
  public:
   explicit TypingSettingsWindow(const settings::DataFolders& folders) : folders_(folders) {}
