@@ -2,9 +2,11 @@
 // trying them out and for the end-to-end tests.
 // Usage: QuilomSettingsHost.exe [--data DIR] --window NAME [--window NAME ...] with NAME one of
 // qmset, qmset2, qmAllXmls. Ends when the last window closes.
+// clang-format off
+#include <windows.h>
 #include <commctrl.h>
 #include <shellapi.h>
-#include <windows.h>
+// clang-format on
 
 #include <memory>
 #include <string>
