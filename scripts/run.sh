@@ -26,7 +26,8 @@ if [ -n "${DISPLAY:-}" ] && xdpyinfo >/dev/null 2>&1; then
   export WINEPREFIX=$root/build/run-prefix WINEARCH=win64 WINEDEBUG=-all
   export WINEDLLOVERRIDES="mscoree,mshtml,winemenubuilder.exe=d"
   echo "== starting Quilom++ on $DISPLAY (Wine prefix $WINEPREFIX)"
-  echo "   Click 'Start' Global Typing, click into any window and type: vaNakkam thamizh"
+  echo "   Press Alt+F12 then 1 (or click 'Start' Global Typing), click into any window and type: vaNakkam thamizh"
+  echo "   Alt+F12 then 1 again stops it; the tray icon (bottom right) has the menu."
   exec wine "$quilom_exe"
 fi
 

@@ -65,11 +65,17 @@ HookDecision HookPipeline::NormalDown(int vk) const {
 HookDecision HookPipeline::ChordDown(int vk) const {
   HookDecision decision;
   const KeyClass keyClass = ClassifyKey(vk);
-  if (IsTypingClass(keyClass)) return decision;
+  const bool hotkeyPending = state_.hotkeys.IsHotkey(state_.keys.LastKey);
+  if (IsTypingClass(keyClass)) {
+    // A hotkey made with Alt or Ctrl is armed by every Alt+F or Ctrl+C; the chord shows the
+    // modifier served something else, so the hotkey ends here rather than eating the next letter.
+    if (hotkeyPending) decision.Add(0, kResetSignal);
+    return decision;
+  }
   // The hotkey's own key pressed while its modifier is still down (Alt+F12 as one chord) goes on
   // with the hotkey: wherever the system still reports the modifier down after the menu
   // suppression, a reset here would make the hotkey useless while typing is on.
-  if (state_.hotkeys.IsSecondary(vk) && state_.hotkeys.IsHotkey(state_.keys.LastKey)) {
+  if (state_.hotkeys.IsSecondary(vk) && hotkeyPending) {
     decision.Add(0, vk);
     decision.swallow = true;
     return decision;

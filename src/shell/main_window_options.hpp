@@ -18,8 +18,8 @@
 // - Choosing typing focused on one application while global typing is on turns global typing
 //   off first (through the ordinary selection), so the button's caption "'Start' Global Typing"
 //   is also the truth about the hooks.
-// - "Fast Editing", "Smart Editing" and "CopyPaste Editing" are stored and restored; the engine
-//   reads none of them yet, so they change nothing in what is typed.
+// - "Fast Editing", "Smart Editing", "CopyPaste Editing" and "Include Hotkeys" are stored and
+//   restored; the engine reads none of them yet, so they change nothing in what is typed.
 namespace quilom::shell {
 
 inline constexpr std::u16string_view kGlobalTypingKey = u"Global Typing";

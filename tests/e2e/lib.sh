@@ -51,7 +51,14 @@ start_quilom() {
   QUILOM_PID=$!
   PIDS+=("$QUILOM_PID")
   wait_for_file "$WORK/quilom.state" 30 || fail "Quilom++ did not get ready"
-  QUILOM_WID=$(timeout 20 xdotool search --sync --onlyvisible --name '^Quilom\+\+ : Direct Tamil' | head -1)
+  # A window of the scenario before that goes while xdotool looks at it makes xdotool give up
+  # with BadWindow: look again.
+  QUILOM_WID=""
+  for _ in 1 2 3; do
+    QUILOM_WID=$(timeout 20 xdotool search --sync --onlyvisible --name '^Quilom\+\+ : Direct Tamil' 2>/dev/null | head -1)
+    [ -n "$QUILOM_WID" ] && break
+    sleep 0.3
+  done
   [ -n "$QUILOM_WID" ] || fail "the Quilom++ window was not found"
 }
 

@@ -219,6 +219,22 @@ TEST_F(HookPipelineTest, HotkeyKeyHeldWithItsModifierGoesOnWithTheHotkey) {
   EXPECT_EQ(CallsOf(plain), (std::vector<HookedKeyCall>{{0, kResetSignal}}));
 }
 
+TEST_F(HookPipelineTest, ChordWithTheHotkeyModifierEndsTheHotkeySoTheNextLetterTypes) {
+  // Right Ctrl is the hotkey's modifier; Ctrl+C is a chord of its own, not a hotkey.
+  pipeline.HandleGlobal(Down(kPrimary));
+  Hold({kVkControl, kPrimary});
+  const HookOutcome copy = pipeline.HandleGlobal(Down('C'));
+  EXPECT_FALSE(copy.swallow);
+  Hold({});
+  pipeline.HandleGlobal(Up(kPrimary));
+  pipeline.HandleGlobal(Down('K'));
+  EXPECT_EQ(engine.log, u"|k");
+
+  // Without a hotkey pending a chord of a typing key calls nothing.
+  Hold({kVkControl});
+  EXPECT_TRUE(CallsOf(pipeline.DecideGlobal(Down('V'))).empty());
+}
+
 TEST_F(HookPipelineTest, FocalHookDisarmsOnOtherKeysButNotOnItsOwnOutput) {
   state.HotkeyArmed = true;
   pipeline.DecideFocal(Down(0x12, kFlagInjected));  // the synthesised menu-suppression Alt

@@ -35,6 +35,21 @@
 // KeymapSelector what to do, carries the actions out in their order and finishes the selection
 // with the hook state it ended up with.
 //
+// Choices of this window:
+// - Start-up per "inis\qm-settings.ini": "StartQuilomSilently" starts with the window hidden and
+//   no start-up balloon (the tray icon is there); "StartQuilomMinimized" (the Excel option that
+//   keeps the old name) starts it minimised, as the name says; "BalloonTipAtStartup" shows a
+//   balloon with the hotkey; "OnCloseMinimizeQuilom" makes the close box hide the window to the
+//   tray, leaving Exit in the menus to end the program.
+// - Escape hides the window to the tray; Enter on the keymap list selects the keymap, on the
+//   hotkey list sets the hotkey. A double click on the keymap list selects too.
+// - The notifier sound choice, whether sounds play, and the balloon time come from
+//   "Settings - General.txt" (general_settings.hpp).
+// - The tray tooltip while typing is the hooked-window, hotkey and keymap lines; the language
+//   indicator is a drawn icon with the first letter of the language in its own script.
+// - A selection asked for by the hotkey gives the focus back to the window in front; one from
+//   the window's own button or list leaves it here.
+//
 // Load order: data folders; options from "Settings.txt"; the offered keymaps; the hotkey's key
 // codes; the output tables and the editor's cluster probe; the focal hook; the tray icon; the
 // timers. The hook comes after the tables so that no key reaches the engine before it can type.

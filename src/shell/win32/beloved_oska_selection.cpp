@@ -18,7 +18,10 @@ ForegroundInfo ReadForeground(WindowId hookedWindow) {
   HWND front = GetForegroundWindow();
   const DWORD frontThread = front != nullptr ? GetWindowThreadProcessId(front, nullptr) : 0;
   if (GetGUIThreadInfo(frontThread, &thread)) {
-    info.ForegroundWindow = reinterpret_cast<WindowId>(thread.hwndActive != nullptr ? thread.hwndActive : front);
+    // The control that had the keyboard focus, so that giving the focus back lands in it and not
+    // on its frame.
+    HWND focus = thread.hwndFocus != nullptr ? thread.hwndFocus : thread.hwndActive;
+    info.ForegroundWindow = reinterpret_cast<WindowId>(focus != nullptr ? focus : front);
   } else {
     info.ForegroundWindow = reinterpret_cast<WindowId>(front);
     if (front != nullptr) ReportError(u"S-Thinfo", {static_cast<long>(GetLastError()), u"GetGUIThreadInfo", u""});
@@ -39,7 +42,7 @@ void GiveFocusBack(WindowId target) {
     TranslateMessage(&message);
     DispatchMessageW(&message);
   }
-  SetForegroundWindow(window);
+  SetForegroundWindow(GetAncestor(window, GA_ROOT));
   const DWORD targetThread = GetWindowThreadProcessId(window, nullptr);
   const DWORD ownThread = GetCurrentThreadId();
   if (targetThread != ownThread && AttachThreadInput(ownThread, targetThread, TRUE)) {
