@@ -356,7 +356,12 @@ inline void PairReplacer::ConvertPiece(std::u16string_view piece, std::uint64_t 
       key != 0 ? remembered_.FindPacked(key) : remembered_.Find(piece, hash);
   if (known) {
     ++hits_;
-    out.AppendReadingAhead(*known);
+    // Only packed results may be read ahead.
+    if (key != 0) {
+      out.AppendReadingAhead(*known);
+    } else {
+      out.Append(*known);
+    }
     return;
   }
   const std::u16string_view converted = ConvertWord(piece);
