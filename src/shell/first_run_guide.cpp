@@ -19,20 +19,21 @@ std::u16string FirstRunGuide(std::u16string_view presentHotkey, std::u16string_v
   const std::u16string keymap = firstKeymap.empty() ? u"the first keymap" : std::u16string(firstKeymap);
   std::u16string text;
   if (presentHotkey.empty() || presentHotkey == u"None") {
-    text = u"To start typing: press 'Start' Global Typing below, or choose a hotkey in the list and press "
-           u"Set Hotkey.\r\n";
+    text =
+        u"To start typing: press 'Start' Global Typing below, or choose a hotkey in the list and press "
+        u"Set Hotkey.\r\n";
   } else {
     const std::u16string hotkey(presentHotkey);
     text = u"To start typing Tamil: press " + hotkey + u" then 1 (" + keymap + u") and type in any program.\r\n" +
            u"Press " + hotkey + u" then the same number to stop; another number switches the keymap.\r\n";
   }
-  text += u"Tray icon: left click hides or shows this window, right click opens the menu, middle click starts "
-          u"or stops typing.";
+  text +=
+      u"Tray icon: left click hides or shows this window, right click opens the menu, middle click starts "
+      u"or stops typing.";
   return text;
 }
 
-std::optional<std::filesystem::path> KeymapChartPath(const settings::DataFolders& folders,
-                                                     std::u16string_view keymap) {
+std::optional<std::filesystem::path> KeymapChartPath(const settings::DataFolders& folders, std::u16string_view keymap) {
   if (keymap.empty()) return std::nullopt;
   const std::filesystem::path name = std::filesystem::path(std::u16string(keymap) + u".svg");
   // A keymap name is one file name; anything with a folder in it is not a chart of ours.

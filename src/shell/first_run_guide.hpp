@@ -18,8 +18,7 @@ std::u16string FirstRunGuide(std::u16string_view presentHotkey, std::u16string_v
 
 // The keymap's chart, "help\charts\" + name + ".svg" in the main data folder; nothing when the
 // file does not exist.
-std::optional<std::filesystem::path> KeymapChartPath(const settings::DataFolders& folders,
-                                                     std::u16string_view keymap);
+std::optional<std::filesystem::path> KeymapChartPath(const settings::DataFolders& folders, std::u16string_view keymap);
 
 // "help\getting-started.html" in the main data folder; nothing when it does not exist.
 std::optional<std::filesystem::path> GettingStartedPath(const settings::DataFolders& folders);

@@ -14,11 +14,10 @@ MainWindowOptions::MainWindowOptions(settings::ToolSettings store) : store_(std:
 
 void MainWindowOptions::Load() {
   ignoreIncludeHotkeys_ = true;
-  const auto values =
-      store_.ReadToolSettings({std::u16string(kGlobalTypingKey), std::u16string(kInstantTypingKey),
-                               std::u16string(kFastEditingKey), std::u16string(kSmartEditingKey),
-                               std::u16string(kCopyPasteEditingKey), std::u16string(kIncludeHotkeysKey),
-                               std::u16string(kPresentHotkeyKey)});
+  const auto values = store_.ReadToolSettings({std::u16string(kGlobalTypingKey), std::u16string(kInstantTypingKey),
+                                               std::u16string(kFastEditingKey), std::u16string(kSmartEditingKey),
+                                               std::u16string(kCopyPasteEditingKey), std::u16string(kIncludeHotkeysKey),
+                                               std::u16string(kPresentHotkeyKey)});
   const auto apply = [&](std::u16string_view key, auto&& set) {
     const auto found = values.find(std::u16string(key));
     if (found != values.end()) set(found->second);

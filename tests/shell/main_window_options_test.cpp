@@ -104,8 +104,7 @@ TEST_F(MainWindowOptionsTest, IncludeHotkeysClickIsIgnoredWhileMarked) {
 }
 
 TEST_F(MainWindowOptionsTest, HandEditedFileCannotHaveInstantTypingInFocusedMode) {
-  WriteBytes(File(), Utf16LeWithMark(u"t\r\n`````Global Typing\r\n0\r\n`````Instant Typing\r\n1\r\n"
-                                     ));
+  WriteBytes(File(), Utf16LeWithMark(u"t\r\n`````Global Typing\r\n0\r\n`````Instant Typing\r\n1\r\n"));
   const MainOptions loaded = Fresh().Options();
   EXPECT_EQ(loaded.FocusedMode, kFocusedOnOneApplication);
   EXPECT_FALSE(loaded.instantTyping);

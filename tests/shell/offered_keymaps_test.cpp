@@ -34,8 +34,8 @@ TEST(OfferedKeymaps, EveryShippedOfferedKeymapLoads) {
   for (const auto& name : LoadOfferedKeymaps(folders)) {
     std::shared_ptr<const translit::PhoneticKeymap> tables;
     std::u16string problem;
-    const auto outcome = translit::LoadKeymapForSettings(folders, typing, name, tables,
-                                                         [&](std::u16string_view m) { problem = m; });
+    const auto outcome =
+        translit::LoadKeymapForSettings(folders, typing, name, tables, [&](std::u16string_view m) { problem = m; });
     EXPECT_EQ(outcome, translit::LoadOutcome::Loaded) << std::string(name.begin(), name.end());
     EXPECT_TRUE(tables != nullptr);
     EXPECT_TRUE(problem.empty());

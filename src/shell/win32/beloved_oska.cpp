@@ -82,9 +82,9 @@ bool BelovedOska::Show(int showCommand) {
   HMENU menu = BuildMainMenu(static_cast<bool>(toggleFloater_));
   RECT frame{0, 0, Scale(kClientWidth), Scale(kClientHeight)};
   AdjustWindowRectEx(&frame, style, TRUE, WS_EX_CONTROLPARENT);
-  window_ = CreateWindowExW(WS_EX_CONTROLPARENT, className.c_str(), controls::ToWide(kMainWindowCaption).c_str(),
-                            style, CW_USEDEFAULT, CW_USEDEFAULT, frame.right - frame.left, frame.bottom - frame.top,
-                            nullptr, menu, GetModuleHandleW(nullptr), this);
+  window_ = CreateWindowExW(WS_EX_CONTROLPARENT, className.c_str(), controls::ToWide(kMainWindowCaption).c_str(), style,
+                            CW_USEDEFAULT, CW_USEDEFAULT, frame.right - frame.left, frame.bottom - frame.top, nullptr,
+                            menu, GetModuleHandleW(nullptr), this);
   if (window_ == nullptr) return false;
   Load();
   const auto& typing = translit::LoadTypingSettings(folders_);

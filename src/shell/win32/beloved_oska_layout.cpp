@@ -33,14 +33,13 @@ void BelovedOska::CreateControls() {
   guide_ = MakeChild(window_, L"STATIC", L"", SS_LEFT | SS_NOPREFIX);
   allApplications_ = MakeChild(window_, L"BUTTON", L"Enable typing in &all applications",
                                BS_AUTORADIOBUTTON | WS_GROUP | tab, kAllApplicationsId);
-  oneApplication_ = MakeChild(window_, L"BUTTON", L"Enable typing in that application al&one", BS_AUTORADIOBUTTON,
-                              kOneApplicationId);
+  oneApplication_ =
+      MakeChild(window_, L"BUTTON", L"Enable typing in that application al&one", BS_AUTORADIOBUTTON, kOneApplicationId);
   instantTyping_ =
       MakeChild(window_, L"BUTTON", L"&Instant Typing", BS_AUTOCHECKBOX | WS_GROUP | tab, kInstantTypingId);
   fastEditing_ = MakeChild(window_, L"BUTTON", L"&Fast Editing", BS_AUTOCHECKBOX | tab, kFastEditingId);
   smartEditing_ = MakeChild(window_, L"BUTTON", L"S&mart Editing", BS_AUTOCHECKBOX | tab, kSmartEditingId);
-  copyPasteEditing_ =
-      MakeChild(window_, L"BUTTON", L"Cop&yPaste Editing", BS_AUTOCHECKBOX | tab, kCopyPasteEditingId);
+  copyPasteEditing_ = MakeChild(window_, L"BUTTON", L"Cop&yPaste Editing", BS_AUTOCHECKBOX | tab, kCopyPasteEditingId);
   includeHotkeys_ = MakeChild(window_, L"BUTTON", L"Include &Hotkeys", BS_AUTOCHECKBOX | tab, kIncludeHotkeysId);
   startStop_ = MakeChild(window_, L"BUTTON", L"", BS_PUSHBUTTON | tab | WS_GROUP, kStartStopId);
   status_ = MakeChild(window_, L"STATIC", L"", SS_LEFT | SS_NOPREFIX);
@@ -51,8 +50,7 @@ void BelovedOska::CreateControls() {
                                 GetModuleHandleW(nullptr), nullptr);
   useKeymap_ = MakeChild(window_, L"BUTTON", L"&Use the selected keymap", BS_PUSHBUTTON | tab, kUseKeymapId);
   hotkeyLabel_ = MakeChild(window_, L"STATIC", L"Hotk&ey:", SS_LEFT);
-  hotkeyList_ =
-      MakeChild(window_, L"COMBOBOX", L"", CBS_DROPDOWNLIST | WS_VSCROLL | tab, kHotkeyListId);
+  hotkeyList_ = MakeChild(window_, L"COMBOBOX", L"", CBS_DROPDOWNLIST | WS_VSCROLL | tab, kHotkeyListId);
   setHotkey_ = MakeChild(window_, L"BUTTON", L"Se&t Hotkey", BS_PUSHBUTTON | tab, kSetHotkeyId);
   presentHotkey_ = MakeChild(window_, L"STATIC", L"", SS_LEFT | SS_NOPREFIX);
   chartButton_ = MakeChild(window_, L"BUTTON", L"Keymap &chart", BS_PUSHBUTTON | tab, kChartButtonId);
@@ -64,7 +62,8 @@ void BelovedOska::CreateControls() {
   LayoutControls();
 }
 
-// Creation order is the tab order. Positions are laid out at 96 DPI and scaled, so the window reads the same at any resolution.
+// Creation order is the tab order. Positions are laid out at 96 DPI and scaled, so the window reads the same at any
+// resolution.
 void BelovedOska::LayoutControls() {
   const int fontScale = MulDiv(dpi_, 100, systemDpi_);
   uiFont_ = std::make_unique<controls::UiFont>(L"Segoe UI", MulDiv(9, fontScale, 100));

@@ -40,18 +40,42 @@ void BelovedOska::OnOptionClick(int id, int code) {
   if (code != BN_CLICKED) return;
   const bool typingOn = front_.TypingOn();
   switch (id) {
-    case kStartStopId: StartStopGlobalTyping(); break;
-    case kAllApplicationsId: ApplyEffects(options_->ClickHookingType(kTypingInAllApplications, typingOn)); break;
-    case kOneApplicationId: ApplyEffects(options_->ClickHookingType(kFocusedOnOneApplication, typingOn)); break;
-    case kInstantTypingId: ApplyEffects(options_->ClickBox(OptionBox::InstantTyping, IsChecked(instantTyping_))); break;
-    case kFastEditingId: options_->ClickBox(OptionBox::FastEditing, IsChecked(fastEditing_)); break;
-    case kSmartEditingId: options_->ClickBox(OptionBox::SmartEditing, IsChecked(smartEditing_)); break;
-    case kCopyPasteEditingId: options_->ClickBox(OptionBox::CopyPasteEditing, IsChecked(copyPasteEditing_)); break;
-    case kIncludeHotkeysId: options_->ClickBox(OptionBox::IncludeHotkeys, IsChecked(includeHotkeys_)); break;
-    case kUseKeymapId: SelectListedKeymap(); break;
-    case kSetHotkeyId: SetHotkey(); break;
-    case kChartButtonId: OpenHelpFile(kCmdKeymapChart); break;
-    case kGettingStartedButtonId: OpenHelpFile(kCmdGettingStarted); break;
+    case kStartStopId:
+      StartStopGlobalTyping();
+      break;
+    case kAllApplicationsId:
+      ApplyEffects(options_->ClickHookingType(kTypingInAllApplications, typingOn));
+      break;
+    case kOneApplicationId:
+      ApplyEffects(options_->ClickHookingType(kFocusedOnOneApplication, typingOn));
+      break;
+    case kInstantTypingId:
+      ApplyEffects(options_->ClickBox(OptionBox::InstantTyping, IsChecked(instantTyping_)));
+      break;
+    case kFastEditingId:
+      options_->ClickBox(OptionBox::FastEditing, IsChecked(fastEditing_));
+      break;
+    case kSmartEditingId:
+      options_->ClickBox(OptionBox::SmartEditing, IsChecked(smartEditing_));
+      break;
+    case kCopyPasteEditingId:
+      options_->ClickBox(OptionBox::CopyPasteEditing, IsChecked(copyPasteEditing_));
+      break;
+    case kIncludeHotkeysId:
+      options_->ClickBox(OptionBox::IncludeHotkeys, IsChecked(includeHotkeys_));
+      break;
+    case kUseKeymapId:
+      SelectListedKeymap();
+      break;
+    case kSetHotkeyId:
+      SetHotkey();
+      break;
+    case kChartButtonId:
+      OpenHelpFile(kCmdKeymapChart);
+      break;
+    case kGettingStartedButtonId:
+      OpenHelpFile(kCmdGettingStarted);
+      break;
     case IDOK: {
       // Enter: the control with the focus decides what it means.
       HWND focus = GetFocus();
@@ -59,8 +83,11 @@ void BelovedOska::OnOptionClick(int id, int code) {
       if (focus == hotkeyList_) SetHotkey();
       break;
     }
-    case IDCANCEL: HideToTray(); break;
-    default: break;
+    case IDCANCEL:
+      HideToTray();
+      break;
+    default:
+      break;
   }
   WriteStateFile();
 }
@@ -107,8 +134,7 @@ void BelovedOska::OpenHelpFile(int command) {
     file = GettingStartedPath(folders_);
   } else {
     const LRESULT row = SendMessageW(keymapList_, LB_GETCURSEL, 0, 0);
-    const std::u16string& keymap =
-        row != LB_ERR ? offered_[static_cast<std::size_t>(row)] : offered_.front();
+    const std::u16string& keymap = row != LB_ERR ? offered_[static_cast<std::size_t>(row)] : offered_.front();
     file = KeymapChartPath(folders_, keymap);
     if (!file) {
       const std::wstring message = L"There is no chart for the keymap " + controls::ToWide(keymap) + L" yet.";
@@ -119,7 +145,8 @@ void BelovedOska::OpenHelpFile(int command) {
   if (!file) return;
   const auto result = reinterpret_cast<INT_PTR>(
       ShellExecuteW(window_, L"open", file->wstring().c_str(), nullptr, nullptr, SW_SHOWNORMAL));
-  if (result <= 32) ReportError(u"DT-help", {static_cast<long>(result), u"ShellExecuteW", controls::FromWide(file->wstring())});
+  if (result <= 32)
+    ReportError(u"DT-help", {static_cast<long>(result), u"ShellExecuteW", controls::FromWide(file->wstring())});
 }
 
 void BelovedOska::ShowAbout() {

@@ -124,7 +124,8 @@ void BelovedOska::Announce(const SelectionActions& actions) {
 void BelovedOska::StartStopGlobalTyping() {
   try {
     if (DecideToggle(selector_.State().FocusedMode) == ToggleVerdict::ShowFocusedModeMessage) {
-      MessageBoxW(window_, controls::ToWide(kFocusedModeToggleMessage).c_str(), L"Quilom++", MB_OK | MB_ICONINFORMATION);
+      MessageBoxW(window_, controls::ToWide(kFocusedModeToggleMessage).c_str(), L"Quilom++",
+                  MB_OK | MB_ICONINFORMATION);
     } else {
       SelectKeymapNumber(ToggleNumber(offered_, floaterChosen_, selector_.State().ActiveKeymap), true, false);
     }
@@ -137,8 +138,8 @@ void BelovedOska::StartStopGlobalTyping() {
 // Runs inside the hook callback: only the bookkeeping of the digits happens here; the
 // selection itself is posted to the window.
 void BelovedOska::OnHotkeyDigit(int vk) {
-  const DigitOutcome outcome = numbers_.OnDigit(front_.State().keys, vk, static_cast<int>(offered_.size()),
-                                                front_.TypingOn());
+  const DigitOutcome outcome =
+      numbers_.OnDigit(front_.State().keys, vk, static_cast<int>(offered_.size()), front_.TypingOn());
   const int number = NumberForDigit(outcome, floaterChosen_);
   if (number > 0) PostMessageW(window_, kHotkeyNumberMessage, static_cast<WPARAM>(number), 0);
 }

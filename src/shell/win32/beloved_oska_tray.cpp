@@ -73,16 +73,27 @@ void BelovedOska::OnMenuCommand(UINT id) {
     return;
   }
   switch (id) {
-    case kCmdStartStop: StartStopGlobalTyping(); break;
+    case kCmdStartStop:
+      StartStopGlobalTyping();
+      break;
     case kCmdShowFloater:
       if (toggleFloater_) toggleFloater_();
       break;
-    case kCmdHideToTray: HideToTray(); break;
-    case kCmdExit: Close(); break;
+    case kCmdHideToTray:
+      HideToTray();
+      break;
+    case kCmdExit:
+      Close();
+      break;
     case kCmdGettingStarted:
-    case kCmdKeymapChart: OpenHelpFile(static_cast<int>(id)); break;
-    case kCmdAbout: ShowAbout(); break;
-    default: break;
+    case kCmdKeymapChart:
+      OpenHelpFile(static_cast<int>(id));
+      break;
+    case kCmdAbout:
+      ShowAbout();
+      break;
+    default:
+      break;
   }
   WriteStateFile();
 }

@@ -7,10 +7,10 @@
 #include "settings/win32/system_text_settings.hpp"
 #include "shell/win32/app_windows.hpp"
 #include "shell/win32/beloved_oska.hpp"
+#include "shell/win32/floater_link.hpp"
 #include "shell/win32/launch_options.hpp"
 #include "shell/win32/message_box_reporter.hpp"
 #include "shell/win32/single_instance.hpp"
-#include "shell/win32/floater_link.hpp"
 
 namespace quilom::shell::win32 {
 
