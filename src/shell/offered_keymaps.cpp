@@ -58,10 +58,18 @@ int NumberForDigit(const DigitOutcome& outcome, int floaterChosen) {
   return 0;
 }
 
-int ToggleNumber(const std::vector<std::u16string>& offered, int floaterChosen, std::u16string_view activeKeymap) {
-  if (floaterChosen >= 1 && floaterChosen <= static_cast<int>(offered.size())) return floaterChosen;
-  if (const int active = HotkeyNumberOf(offered, activeKeymap); active != 0) return active;
-  return offered.empty() ? 0 : 1;
+std::optional<KeymapRequest> ToggleRequest(const std::vector<std::u16string>& offered, int floaterChosen,
+                                           const SelectionState& state) {
+  if (auto chosen = RequestForNumber(offered, floaterChosen, true, false)) return chosen;
+  if (state.globalHookInstalled) return ActiveKeymapRequest(offered, state);
+  return RequestForNumber(offered, 1, true, false);
+}
+
+KeymapRequest ActiveKeymapRequest(const std::vector<std::u16string>& offered, const SelectionState& state) {
+  KeymapRequest request;
+  request.SelectedKeymap = state.ActiveKeymap;
+  request.hotkeyNumber = HotkeyNumberOf(offered, state.ActiveKeymap);
+  return request;
 }
 
 }  // namespace quilom::shell

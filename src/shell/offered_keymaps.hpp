@@ -35,8 +35,15 @@ std::optional<KeymapRequest> RequestForNumber(const std::vector<std::u16string>&
 // floater's chosen keymap (`floaterChosen`, 0 when it has none). 0 when nothing is to happen.
 int NumberForDigit(const DigitOutcome& outcome, int floaterChosen);
 
-// The number the start/stop button and the tray's start/stop entry select: the floater's chosen
-// keymap, else the keymap in use, else keymap 1 (0 when nothing is offered).
-int ToggleNumber(const std::vector<std::u16string>& offered, int floaterChosen, std::u16string_view activeKeymap);
+// What the start/stop button and the tray's start/stop entry select: the floater's chosen
+// keymap; else, while typing is on, the keymap in use (so the selection turns typing off even
+// when that keymap has left the list); else keymap 1. Nothing when nothing is offered and
+// typing is off.
+std::optional<KeymapRequest> ToggleRequest(const std::vector<std::u16string>& offered, int floaterChosen,
+                                           const SelectionState& state);
+
+// The selection that turns typing off: the keymap in use chosen again, numbered as the list
+// numbers it (0 when it is no longer offered).
+KeymapRequest ActiveKeymapRequest(const std::vector<std::u16string>& offered, const SelectionState& state);
 
 }  // namespace quilom::shell

@@ -101,11 +101,26 @@ TEST(OfferedKeymaps, HotkeyDigitsThroughTheSelectorToggleTheKeymap) {
   EXPECT_FALSE(selector.State().globalHookInstalled);
 }
 
-TEST(OfferedKeymaps, ToggleTakesFloaterChoiceThenActiveThenFirst) {
-  EXPECT_EQ(ToggleNumber(kOffered, 3, u"Tamil-Unicode-TamilNet99"), 3);
-  EXPECT_EQ(ToggleNumber(kOffered, 9, u"Tamil-Unicode-TamilNet99"), 2);
-  EXPECT_EQ(ToggleNumber(kOffered, 0, u""), 1);
-  EXPECT_EQ(ToggleNumber({}, 0, u""), 0);
+TEST(OfferedKeymaps, ToggleTakesFloaterChoiceThenStopsTheActiveThenStartsTheFirst) {
+  SelectionState state;
+  state.globalHookInstalled = true;
+  state.ActiveKeymap = u"Tamil-Unicode-TamilNet99";
+  EXPECT_EQ(ToggleRequest(kOffered, 3, state)->SelectedKeymap, kOffered[2]);
+  EXPECT_EQ(ToggleRequest(kOffered, 9, state)->SelectedKeymap, u"Tamil-Unicode-TamilNet99");
+  state.globalHookInstalled = false;
+  EXPECT_EQ(ToggleRequest(kOffered, 0, state)->hotkeyNumber, 1);
+  EXPECT_FALSE(ToggleRequest({}, 0, state).has_value());
+}
+
+// Typing in a keymap that has since left the list must still be switched off by the button.
+TEST(OfferedKeymaps, ActiveKeymapNoLongerOfferedStillTogglesOff) {
+  KeymapSelector selector;
+  selector.SelectKeymap(*RequestForNumber({u"Gone-Unicode-Layout"}, 1, false, false), {});
+  selector.FinishSelection(true);
+  const auto request = ToggleRequest(kOffered, 0, selector.State());
+  ASSERT_TRUE(request.has_value());
+  EXPECT_EQ(request->hotkeyNumber, 0);
+  EXPECT_TRUE(selector.SelectKeymap(*request, {}).removeHooks);
 }
 
 }  // namespace

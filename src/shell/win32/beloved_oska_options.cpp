@@ -97,7 +97,7 @@ void BelovedOska::ApplyEffects(const OptionEffects& effects) {
     // Still in the old mode for this one selection, so that it turns typing off.
     const int newMode = options_->Options().FocusedMode;
     selector_.State().FocusedMode = kTypingInAllApplications;
-    SelectKeymapNumber(HotkeyNumberOf(offered_, selector_.State().ActiveKeymap), false, false);
+    RunSelection(ActiveKeymapRequest(offered_, selector_.State()));
     selector_.State().FocusedMode = newMode;
   }
   selector_.State().FocusedMode = options_->Options().FocusedMode;

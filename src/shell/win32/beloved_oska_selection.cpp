@@ -127,7 +127,7 @@ void BelovedOska::StartStopGlobalTyping() {
       MessageBoxW(window_, controls::ToWide(kFocusedModeToggleMessage).c_str(), L"Quilom++",
                   MB_OK | MB_ICONINFORMATION);
     } else {
-      SelectKeymapNumber(ToggleNumber(offered_, floaterChosen_, selector_.State().ActiveKeymap), true, false);
+      if (const auto request = ToggleRequest(offered_, floaterChosen_, selector_.State())) RunSelection(*request);
     }
   } catch (...) {
     ReportError(u"DT-huhbpi", {0, u"StartStopGlobalTyping", u"Typing could not be switched."});
