@@ -15,6 +15,7 @@
 
 #include "converter/conversion_run.hpp"
 #include "converter/convert_checks.hpp"
+#include "converter/libreoffice/font_census.hpp"
 #include "converter/libreoffice/office_connection.hpp"
 #include "converter/libreoffice/uno_names.hpp"
 #include "converter/libreoffice/uno_text.hpp"
@@ -155,6 +156,7 @@ int main(int argc, char** argv) {
   const Reference<css::frame::XModel> document = MakeDocument(*office, content);
   double officeSeconds = 0;
   bool same = false;
+  size_t tamilOutsideUnicodeFont = 0;
   {
     WriterEditor editor(document, true);
     start = std::chrono::steady_clock::now();
@@ -167,6 +169,10 @@ int main(int argc, char** argv) {
     std::erase(converted, u'\n');
     std::erase(want, u'\n');
     same = converted == want;
+    // Converted letters must show in the Unicode font, not stay in the legacy one.
+    for (const char16_t c : CharactersOutsideFont(document, u"CharFontNameComplex", kUnicodeFont)) {
+      if (c >= 0x0B80 && c <= 0x0BFF) ++tamilOutsideUnicodeFont;
+    }
   }
   CloseDocument(document);
   const size_t words = static_cast<size_t>(paragraphs) * 5 * 6;
@@ -178,5 +184,6 @@ int main(int argc, char** argv) {
   std::printf("LibreOffice Writer path: %11.6f s\n", officeSeconds);
   std::printf("ratio (Writer / plain):  %8.1f\n", plainSeconds > 0 ? officeSeconds / plainSeconds : 0.0);
   std::printf("same text both ways:     %s (plain result %zu code units)\n", same ? "yes" : "NO", plainLength);
-  return same ? 0 : 2;
+  std::printf("Tamil letters outside the Unicode font: %zu\n", tamilOutsideUnicodeFont);
+  return same && tamilOutsideUnicodeFont == 0 ? 0 : 2;
 }
