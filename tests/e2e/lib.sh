@@ -39,7 +39,12 @@ start_target() {
     "$(winpath "$WORK/target.ready")" </dev/null >"$WORK/target.out" 2>&1 &
   PIDS+=($!)
   wait_for_file "$WORK/target.ready" 30 || fail "the target did not start"
-  TARGET_WID=$(timeout 20 xdotool search --sync --onlyvisible --name '^E2ETarget$' | head -1)
+  TARGET_WID=""
+  for _ in 1 2 3; do  # a window going while xdotool looks makes it give up: look again
+    TARGET_WID=$(timeout 20 xdotool search --sync --onlyvisible --name '^E2ETarget$' 2>/dev/null | head -1) || true
+    [ -n "$TARGET_WID" ] && break
+    sleep 0.3
+  done
   [ -n "$TARGET_WID" ] || fail "the target's window was not found"
 }
 
@@ -55,7 +60,7 @@ start_quilom() {
   # with BadWindow: look again.
   QUILOM_WID=""
   for _ in 1 2 3; do
-    QUILOM_WID=$(timeout 20 xdotool search --sync --onlyvisible --name '^Quilom\+\+ : Direct Tamil' 2>/dev/null | head -1)
+    QUILOM_WID=$(timeout 20 xdotool search --sync --onlyvisible --name '^Quilom\+\+ : Direct Tamil' 2>/dev/null | head -1) || true
     [ -n "$QUILOM_WID" ] && break
     sleep 0.3
   done

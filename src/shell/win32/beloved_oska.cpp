@@ -265,6 +265,8 @@ void BelovedOska::WriteStateFile() const {
          << "visible=" << (IsWindowVisible(window_) ? 1 : 0) << "\n"
          << "button=" << CentreOf(window_, startStop_) << "\n"
          << "fastbox=" << CentreOf(window_, fastEditing_) << "\n"
+         << "hotkeylist=" << CentreOf(window_, hotkeyList_) << "\n"
+         << "sethotkey=" << CentreOf(window_, setHotkey_) << "\n"
          << "toolsmenu=" << FromCorner(window_, toolsItem) << "\n"
          << "reinstalls=" << front_.Health().ReinstallCount() << "\n"
          << "slowest=" << front_.Health().SlowestCallbackMs() << "\n"

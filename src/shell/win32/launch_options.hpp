@@ -11,9 +11,10 @@
 //                       whenever typing is switched or the window is activated, minimised or
 //                       restored, the hooks re-installed, an option clicked, and at exit
 //                       (lines "typing=on|off", "active=1|0", "iconic=1|0", "visible=1|0",
-//                       "button=X,Y", "fastbox=X,Y" and "toolsmenu=X,Y": the start/stop
-//                       button's, the "Fast Editing" box's and the Tools menu's centres from the
-//                       window's corner, "reinstalls=N", "slowest=MS" (the longest hook callback
+//                       "button=X,Y", "fastbox=X,Y", "hotkeylist=X,Y", "sethotkey=X,Y" and
+//                       "toolsmenu=X,Y": the centres of the start/stop button, the "Fast
+//                       Editing" box, the hotkey list, the set-hotkey button and the Tools menu
+//                       from the window's corner, "reinstalls=N", "slowest=MS" (the longest hook callback
 //                       so far), "keymap=" the active keymap, "caption=" the button's caption,
 //                       "hotkey=" the present hotkey, "options=" the hooking type then one digit
 //                       each for Instant, Fast, Smart, CopyPaste Editing and Include Hotkeys,
