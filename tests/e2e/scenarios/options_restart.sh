@@ -31,6 +31,7 @@ xdotool type --delay 30 'ammaa'
 expect_text 'அம்மா'
 stop_programs
 
+rm -f "$WORK/stop"  # or the new copy would end as soon as it starts
 start_quilom
 [ "$(quilom_state options)" = 201001 ] || fail "after a restart the options are '$(quilom_state options)'"
 [ "$(quilom_state hotkey)" = F9 ] || fail "after a restart the hotkey is '$(quilom_state hotkey)'"
