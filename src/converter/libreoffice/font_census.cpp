@@ -87,8 +87,8 @@ int MakeInheritedFontDirect(const Reference<css::frame::XModel>& document, const
   return work.changed;
 }
 
-std::set<char16_t> CharactersOutsideFont(const Reference<css::frame::XModel>& document,
-                                         const std::u16string& fontProperty, const std::u16string& fontName) {
+FontCensus TakeFontCensus(const Reference<css::frame::XModel>& document, const std::u16string& fontProperty,
+                          const std::u16string& fontName) {
   FontSearch everything;
   everything.text = u".+";
   everything.regularExpression = true;
@@ -97,12 +97,17 @@ std::set<char16_t> CharactersOutsideFont(const Reference<css::frame::XModel>& do
   inFont.fontName = fontName;
   std::map<char16_t, long> counts;
   Count(FindAllInFont(document, everything), counts, 1);
-  Count(FindAllInFont(document, inFont), counts, -1);
-  std::set<char16_t> outside;
-  for (const auto& [c, count] : counts) {
-    if (count > 0) outside.insert(c);
+  std::map<char16_t, long> inside;
+  Count(FindAllInFont(document, inFont), inside, 1);
+  FontCensus census;
+  for (const auto& [c, count] : inside) {
+    counts[c] -= count;
+    census.inside.insert(c);
   }
-  return outside;
+  for (const auto& [c, count] : counts) {
+    if (count > 0) census.outside.insert(c);
+  }
+  return census;
 }
 
 }  // namespace quilom::converter::libreoffice

@@ -13,11 +13,18 @@
 // characters occur outside a font.
 namespace quilom::converter::libreoffice {
 
-// Every character that occurs in the document's text (all stories) in some other font than
-// `fontName` as `fontProperty` names it. Errs on the side of listing too much: text whose font
-// the search cannot see (inherited from a style) counts as outside. Throws UNO exceptions.
-std::set<char16_t> CharactersOutsideFont(const com::sun::star::uno::Reference<com::sun::star::frame::XModel>& document,
-                                         const std::u16string& fontProperty, const std::u16string& fontName);
+struct FontCensus {
+  // Every character that occurs in the document's text (all stories) in some other font than
+  // the one asked about. Errs on the side of listing too much: text whose font the search
+  // cannot see (inherited from a style) counts as outside.
+  std::set<char16_t> outside;
+  // Every character that the font-restricted search finds in that font.
+  std::set<char16_t> inside;
+};
+
+// The characters in and outside `fontName`, as `fontProperty` names it. Throws UNO exceptions.
+FontCensus TakeFontCensus(const com::sun::star::uno::Reference<com::sun::star::frame::XModel>& document,
+                          const std::u16string& fontProperty, const std::u16string& fontName);
 
 // Gives every run of the body text (paragraphs and table cells) whose `fontProperty` is
 // `fontName` only by inheritance (from its paragraph style or the document default) that

@@ -1,5 +1,6 @@
 #include "converter/libreoffice/text_ranges.hpp"
 
+#include <com/sun/star/beans/XMultiPropertySet.hpp>
 #include <com/sun/star/beans/XPropertySet.hpp>
 #include <com/sun/star/lang/IllegalArgumentException.hpp>
 #include <com/sun/star/text/XText.hpp>
@@ -54,11 +55,46 @@ TextRange RangeOverlap(const TextRange& a, const TextRange& b) {
 }
 
 void SetRangeFont(const TextRange& range, const rtl::OUString& fontName) {
-  const Reference<css::beans::XPropertySet> properties(range, UNO_QUERY_THROW);
   const Any font(fontName);
+  // A cursor takes the three names in one change; the ranges a find returns take one at a time.
+  const Reference<css::text::XTextCursor> cursor = range->getText()->createTextCursorByRange(range);
+  if (const Reference<css::beans::XMultiPropertySet> several(cursor, UNO_QUERY); several.is()) {
+    const rtl::OUString names[] = {rtl::OUString::createFromAscii("CharFontName"),
+                                   rtl::OUString::createFromAscii("CharFontNameAsian"),
+                                   rtl::OUString::createFromAscii("CharFontNameComplex")};
+    const Any fonts[] = {font, font, font};
+    several->setPropertyValues(css::uno::Sequence<rtl::OUString>(names, 3), css::uno::Sequence<Any>(fonts, 3));
+    return;
+  }
+  const Reference<css::beans::XPropertySet> properties(range, UNO_QUERY_THROW);
   for (const char* name : {"CharFontName", "CharFontNameAsian", "CharFontNameComplex"}) {
     properties->setPropertyValue(rtl::OUString::createFromAscii(name), font);
   }
+}
+
+int SetFontWhere(const TextRange& range, const rtl::OUString& property, const rtl::OUString& fontName,
+                 const rtl::OUString& newFont) {
+  const Reference<css::beans::XPropertySet> whole(range, UNO_QUERY_THROW);
+  rtl::OUString font;
+  if (whole->getPropertyValue(property) >>= font) {
+    if (font != fontName) return 0;
+    SetRangeFont(range, newFont);
+    return 1;
+  }
+  // Several fonts: a range without a single value is looked at one character at a time.
+  const sal_Int32 length = range->getString().getLength();
+  const Reference<css::text::XTextCursor> cursor = range->getText()->createTextCursorByRange(range->getStart());
+  const Reference<css::beans::XPropertySet> character(cursor, UNO_QUERY_THROW);
+  int changed = 0;
+  for (sal_Int32 i = 0; i < length; ++i) {
+    cursor->collapseToEnd();
+    if (!cursor->goRight(1, true)) break;
+    if ((character->getPropertyValue(property) >>= font) && font == fontName) {
+      SetRangeFont(TextRange(cursor, UNO_QUERY_THROW), newFont);
+      ++changed;
+    }
+  }
+  return changed;
 }
 
 }  // namespace quilom::converter::libreoffice

@@ -22,4 +22,10 @@ com::sun::star::uno::Reference<com::sun::star::text::XTextRange> RangeOverlap(
 void SetRangeFont(const com::sun::star::uno::Reference<com::sun::star::text::XTextRange>& range,
                   const rtl::OUString& fontName);
 
+// Gives the parts of `range` whose `property` is `fontName` the font `newFont` (as
+// SetRangeFont does), character by character where the range holds several fonts. Returns the
+// number of pieces changed. Throws UNO exceptions.
+int SetFontWhere(const com::sun::star::uno::Reference<com::sun::star::text::XTextRange>& range,
+                 const rtl::OUString& property, const rtl::OUString& fontName, const rtl::OUString& newFont);
+
 }  // namespace quilom::converter::libreoffice

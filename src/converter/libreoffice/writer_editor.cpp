@@ -43,6 +43,8 @@ bool WriterEditor::HasSelection() {
 }
 
 void WriterEditor::SetScope(EditScope scope) {
+  // The selection's temporary font names are about to change meaning.
+  StyleDeferredTextNow();
   scope_ = scope;
   selection_.clear();
   if (scope != EditScope::Selection) return;
@@ -57,6 +59,14 @@ void WriterEditor::SetScope(EditScope scope) {
 void WriterEditor::SetFindFont(std::u16string_view fontName) { findFont_ = std::u16string(fontName); }
 
 void WriterEditor::SetReplacementFont(std::u16string_view fontName) { replacementFont_ = std::u16string(fontName); }
+
+void WriterEditor::StyleDeferredTextNow() {
+  try {
+    StyleAllDeferredText();
+  } catch (const css::uno::Exception& e) {
+    Fail(DetailsOf(e, kSource));
+  }
+}
 
 bool WriterEditor::BeginRun() {
   if (running_) return true;
@@ -100,13 +110,26 @@ bool WriterEditor::ReplaceAll(std::u16string_view findText, std::u16string_view 
       search.fontName = tagger_.TemporaryName(document_, search.fontProperty, findFont_);
     }
     leftovers_.Note(search.fontProperty, search.fontName, findFont_, find);
+    StyleDeferredTextMatching(find);
+    const bool defer = CanDeferFont(search, replace);
+    const auto key = std::make_pair(search.fontProperty, search.fontName);
+    if (!defer) StyleDeferredTextIn(key);
+    const std::u16string& fontNow = defer ? std::u16string() : replacementFont_;
     if (CannotMatchOutsideFindFont(search)) {
       FontSearch anyFont = search;
       anyFont.fontName.clear();
-      ReplaceAllInFont(document_, anyFont, replace, replacementFont_);
+      ReplaceAllInFont(document_, anyFont, replace, fontNow);
     } else {
-      ReplaceAllInFont(document_, search, replace, replacementFont_);
-      ReplaceMissedOccurrences(search, replace);
+      ReplaceAllInFont(document_, search, replace, fontNow);
+      // Until some text of this find font has received another font, nothing has split its
+      // runs and the restricted replace-all has missed nothing.
+      if (splitFonts_.count(key) != 0) ReplaceMissedOccurrences(search, replace);
+    }
+    if (!fontNow.empty()) splitFonts_.insert(key);
+    if (defer) {
+      Deferred& later = deferred_[key];
+      later.replacementFont = replacementFont_;
+      later.characters.insert(replace.begin(), replace.end());
     }
     if (!replacementFont_.empty()) insertedCharacters_.insert(replace.begin(), replace.end());
     return true;
@@ -144,15 +167,92 @@ void WriterEditor::PrepareFindFont(const std::u16string& fontProperty) {
 bool WriterEditor::CannotMatchOutsideFindFont(const FontSearch& search) {
   if (search.fontName.empty() || replacementFont_.empty() || replacementFont_ == search.fontName) return false;
   const auto key = std::make_pair(search.fontProperty, search.fontName);
-  auto outside = charactersOutside_.find(key);
-  if (outside == charactersOutside_.end()) {
-    outside = charactersOutside_.emplace(key, CharactersOutsideFont(document_, search.fontProperty, search.fontName)).first;
-  }
+  const FontCensus& census = CensusOf(search);
   for (char16_t c : search.text) {
     // Text inserted in the replacement font since the census is outside the find font too.
-    if (outside->second.count(c) != 0 || insertedCharacters_.count(c) != 0) return false;
+    if (census.outside.count(c) != 0 || insertedCharacters_.count(c) != 0) return false;
   }
   return true;
+}
+
+const FontCensus& WriterEditor::CensusOf(const FontSearch& search) {
+  const auto key = std::make_pair(search.fontProperty, search.fontName);
+  auto found = census_.find(key);
+  if (found == census_.end()) {
+    found = census_.emplace(key, TakeFontCensus(document_, search.fontProperty, search.fontName)).first;
+  }
+  return found->second;
+}
+
+bool WriterEditor::CanDeferFont(const FontSearch& search, const std::u16string& replacement) {
+  if (search.fontName.empty() || replacementFont_.empty() || replacementFont_ == search.fontName) return false;
+  // Writer's search by the complex-script font does not see Latin letters, so text matched
+  // by it could not be found again to receive its font.
+  if (search.fontProperty != u"CharFontName") return false;
+  // Once runs are split, a font-restricted search could miss converted text.
+  if (splitFonts_.count({search.fontProperty, search.fontName}) != 0) return false;
+  // Converted text left in the find font is told apart from the rest by its characters only.
+  const FontCensus& census = CensusOf(search);
+  for (char16_t c : replacement) {
+    if (census.inside.count(c) != 0) return false;
+  }
+  const auto pending = deferred_.find({search.fontProperty, search.fontName});
+  return pending == deferred_.end() || pending->second.replacementFont == replacementFont_;
+}
+
+void WriterEditor::StyleDeferredTextMatching(const std::u16string& findText) {
+  for (auto it = deferred_.begin(); it != deferred_.end();) {
+    const bool touched = std::any_of(findText.begin(), findText.end(),
+                                     [&](char16_t c) { return it->second.characters.count(c) != 0; });
+    if (touched) {
+      const auto font = it->first;
+      const Deferred later = std::move(it->second);
+      it = deferred_.erase(it);
+      StyleDeferredText(font, later);
+    } else {
+      ++it;
+    }
+  }
+}
+
+void WriterEditor::StyleDeferredTextIn(const std::pair<std::u16string, std::u16string>& font) {
+  const auto pending = deferred_.find(font);
+  if (pending == deferred_.end()) return;
+  // `font` may be the key being erased.
+  const auto key = pending->first;
+  const Deferred later = std::move(pending->second);
+  deferred_.erase(pending);
+  StyleDeferredText(key, later);
+}
+
+void WriterEditor::StyleAllDeferredText() {
+  // Entries leave the list before the attempt, so that a failure is not repeated at every call.
+  while (!deferred_.empty()) StyleDeferredTextIn(deferred_.begin()->first);
+}
+
+void WriterEditor::StyleDeferredText(const std::pair<std::u16string, std::u16string>& font, const Deferred& pending) {
+  if (pending.characters.empty()) return;
+  FontSearch search;
+  search.regularExpression = true;
+  search.fontProperty = font.first;
+  search.fontName = font.second;
+  search.text = u"[";
+  for (char16_t c : pending.characters) search.text += RegexLiteral(c);
+  search.text += u"]+";
+  splitFonts_.insert(font);
+  // An empty replacement with replacement attributes makes Writer change the formatting only.
+  ReplaceAllInFont(document_, search, u"", pending.replacementFont);
+  // That replace-all splits runs as it goes and so misses some text, like any restricted one.
+  FontSearch anyFont = search;
+  anyFont.fontName.clear();
+  const Reference<css::container::XIndexAccess> found = FindAllInFont(document_, anyFont);
+  const rtl::OUString property = ToOUString(font.first);
+  const rtl::OUString fontName = ToOUString(font.second);
+  const rtl::OUString newFont = ToOUString(pending.replacementFont);
+  for (sal_Int32 i = 0; found.is() && i < found->getCount(); ++i) {
+    const Reference<css::text::XTextRange> range(found->getByIndex(i), UNO_QUERY);
+    if (range.is()) SetFontWhere(range, property, fontName, newFont);
+  }
 }
 
 void WriterEditor::ReplaceMissedOccurrences(const FontSearch& search, const std::u16string& replacement) {
@@ -210,7 +310,9 @@ bool WriterEditor::FinishRun() noexcept {
       ok = false;
     }
   };
-  charactersOutside_.clear();
+  step([&] { StyleAllDeferredText(); });
+  census_.clear();
+  splitFonts_.clear();
   insertedCharacters_.clear();
   preparedFonts_.clear();
   step([&] { leftovers_.ReportLeftovers(document_); });

@@ -8,6 +8,7 @@
 #include <com/sun/star/frame/XModel.hpp>
 
 #include "converter/document_editor.hpp"
+#include "converter/libreoffice/font_census.hpp"
 #include "converter/libreoffice/font_search.hpp"
 #include "converter/libreoffice/leftover_check.hpp"
 #include "converter/libreoffice/run_markers.hpp"
@@ -38,6 +39,17 @@
 //     the document default gets that font as direct formatting when the font is first used,
 //     so that the font-restricted search sees it; elsewhere (headers, footnotes, frames) such
 //     text is left and reported.
+//   - Replacing with the replacement font splits the find font's runs, after which Writer's
+//     font-restricted replace-all misses most occurrences next to differently formatted runs
+//     and they must be replaced one by one (milliseconds each). So where it is safe, a pair is
+//     replaced without a font: the converted text keeps the find font, splits nothing, and
+//     receives the replacement font in one formatting-only replace-all of the converted
+//     characters in the find font, made before a later find text could match one of them,
+//     before a pair of that font must set its font directly, and at the run's end. Safe means:
+//     the find font is matched on the western font name (Writer's complex-script font search
+//     does not see Latin letters), its runs have not been split by a font change during the
+//     run, and no character of the replacement occurred in the find font when the font was
+//     first used, so that every such character found in it later is converted text.
 //   - The find font is matched on the complex-script font for text with complex-script
 //     letters (Unicode Tamil), on the western font otherwise (legacy encodings).
 namespace quilom::converter::libreoffice {
@@ -66,6 +78,17 @@ class WriterEditor final : public DocumentEditor {
   bool BeginRun();
   void PrepareFindFont(const std::u16string& fontProperty);
   bool CannotMatchOutsideFindFont(const FontSearch& search);
+  struct Deferred {
+    std::u16string replacementFont;
+    std::set<char16_t> characters;
+  };
+  const FontCensus& CensusOf(const FontSearch& search);
+  bool CanDeferFont(const FontSearch& search, const std::u16string& replacement);
+  void StyleDeferredTextMatching(const std::u16string& findText);
+  void StyleDeferredTextIn(const std::pair<std::u16string, std::u16string>& font);
+  void StyleAllDeferredText();
+  void StyleDeferredTextNow();
+  void StyleDeferredText(const std::pair<std::u16string, std::u16string>& font, const Deferred& pending);
   void ReplaceMissedOccurrences(const FontSearch& search, const std::u16string& replacement);
   bool ReplaceInSelectionWithoutFont(const std::u16string& findText, const std::u16string& replacement);
   void Fail(const ErrorDetails& details);
@@ -83,7 +106,11 @@ class WriterEditor final : public DocumentEditor {
   SelectionTagger tagger_;
   std::vector<com::sun::star::uno::Reference<com::sun::star::text::XTextRange>> selection_;
   LeftoverCheck leftovers_;
-  std::map<std::pair<std::u16string, std::u16string>, std::set<char16_t>> charactersOutside_;
+  std::map<std::pair<std::u16string, std::u16string>, FontCensus> census_;
+  // Converted text still in its find font (property, name as searched), waiting for its font.
+  std::map<std::pair<std::u16string, std::u16string>, Deferred> deferred_;
+  // Find fonts (as searched) some of whose text has received another font during the run.
+  std::set<std::pair<std::u16string, std::u16string>> splitFonts_;
   std::set<char16_t> insertedCharacters_;
   std::vector<std::pair<std::u16string, std::u16string>> preparedFonts_;
   ErrorDetails lastError_;

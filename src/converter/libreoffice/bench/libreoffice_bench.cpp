@@ -170,7 +170,7 @@ int main(int argc, char** argv) {
     std::erase(want, u'\n');
     same = converted == want;
     // Converted letters must show in the Unicode font, not stay in the legacy one.
-    for (const char16_t c : CharactersOutsideFont(document, u"CharFontNameComplex", kUnicodeFont)) {
+    for (const char16_t c : TakeFontCensus(document, u"CharFontNameComplex", kUnicodeFont).outside) {
       if (c >= 0x0B80 && c <= 0x0BFF) ++tamilOutsideUnicodeFont;
     }
   }
