@@ -22,7 +22,7 @@ namespace quilom::converter::libreoffice {
 namespace {
 
 void Count(const Reference<css::container::XIndexAccess>& found, std::map<char16_t, long>& counts, long weight) {
-  for (sal_Int32 i = 0; found.is() && i < found->getCount(); ++i) {
+  for (sal_Int32 i = 0, count = found.is() ? found->getCount() : 0; i < count; ++i) {
     const Reference<css::text::XTextRange> range(found->getByIndex(i), UNO_QUERY);
     if (!range.is()) continue;
     for (char16_t c : ToU16(range->getString())) counts[c] += weight;

@@ -144,7 +144,7 @@ bool WriterEditor::ReplaceInSelectionWithoutFont(const std::u16string& findText,
   search.text = findText;
   const Reference<css::container::XIndexAccess> found = FindAllInFont(document_, search);
   const rtl::OUString newText = ToOUString(replacement);
-  for (sal_Int32 i = 0; found.is() && i < found->getCount(); ++i) {
+  for (sal_Int32 i = 0, count = found.is() ? found->getCount() : 0; i < count; ++i) {
     const Reference<css::text::XTextRange> range(found->getByIndex(i), UNO_QUERY);
     if (!range.is()) continue;
     bool inside = false;
@@ -249,7 +249,7 @@ void WriterEditor::StyleDeferredText(const std::pair<std::u16string, std::u16str
   const rtl::OUString property = ToOUString(font.first);
   const rtl::OUString fontName = ToOUString(font.second);
   const rtl::OUString newFont = ToOUString(pending.replacementFont);
-  for (sal_Int32 i = 0; found.is() && i < found->getCount(); ++i) {
+  for (sal_Int32 i = 0, count = found.is() ? found->getCount() : 0; i < count; ++i) {
     const Reference<css::text::XTextRange> range(found->getByIndex(i), UNO_QUERY);
     if (range.is()) SetFontWhere(range, property, fontName, newFont);
   }
@@ -266,7 +266,7 @@ void WriterEditor::ReplaceMissedOccurrences(const FontSearch& search, const std:
   const rtl::OUString fontName = ToOUString(search.fontName);
   const rtl::OUString newText = ToOUString(replacement);
   const rtl::OUString newFont = ToOUString(replacementFont_);
-  for (sal_Int32 i = 0; found.is() && i < found->getCount(); ++i) {
+  for (sal_Int32 i = 0, count = found.is() ? found->getCount() : 0; i < count; ++i) {
     const Reference<css::text::XTextRange> range(found->getByIndex(i), UNO_QUERY);
     const Reference<css::beans::XPropertySet> properties(range, UNO_QUERY);
     if (!range.is() || !properties.is()) continue;
