@@ -33,8 +33,9 @@
 //     occurrence (slower; each replacement takes the formatting at its start).
 //   - A pair none of whose characters occurs outside the find font (a census taken when a
 //     find font is first used, plus every replacement inserted since) runs as a plain
-//     replace-all; other pairs run font-restricted, followed by a look for the occurrences
-//     that Writer's font-restricted replace-all misses next to differently formatted runs.
+//     replace-all; other pairs run font-restricted, followed (once the find font's runs have
+//     been split by a font change) by a look for the occurrences that Writer's font-restricted
+//     replace-all misses next to differently formatted runs.
 //   - Body text (paragraphs, table cells) whose find font comes from its paragraph style or
 //     the document default gets that font as direct formatting when the font is first used,
 //     so that the font-restricted search sees it; elsewhere (headers, footnotes, frames) such
@@ -49,7 +50,9 @@
 //     the find font is matched on the western font name (Writer's complex-script font search
 //     does not see Latin letters), its runs have not been split by a font change during the
 //     run, and no character of the replacement occurred in the find font when the font was
-//     first used, so that every such character found in it later is converted text.
+//     first used, so that every such character found in it later is converted text. The
+//     formatting-only pass is followed by a check, without the font restriction, of every
+//     occurrence of the converted characters, so that none is left in the find font.
 //   - The find font is matched on the complex-script font for text with complex-script
 //     letters (Unicode Tamil), on the western font otherwise (legacy encodings).
 namespace quilom::converter::libreoffice {
