@@ -72,7 +72,7 @@ WindowId AutoFocusTarget(const FloaterSettings& settings, const SelectionState& 
   return state.HookedWindow != 0 ? state.HookedWindow : previousForegroundWindow;
 }
 
-HookOutcome HookTypingWindow(SelectionState& state, WindowId previousForegroundWindow, std::u16string_view title) {
+FloaterHookOutcome HookTypingWindow(SelectionState& state, WindowId previousForegroundWindow, std::u16string_view title) {
   if (state.FocusedMode != kFocusedOnOneApplication) {
     return {HookVerdict::NotFocusedMode,
             {std::u16string(kTitle),

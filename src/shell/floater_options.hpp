@@ -97,7 +97,7 @@ struct FloaterMessage {
   std::u16string text;
 };
 
-struct HookOutcome {
+struct FloaterHookOutcome {
   HookVerdict verdict = HookVerdict::NotFocusedMode;
   FloaterMessage message;
 };
@@ -105,7 +105,7 @@ struct HookOutcome {
 // "Hook the Typing Window": in focused mode with a previous foreground window, hooks it into
 // `state` (HookedWindow, and the one-shot focus flag that the next selection on another
 // thread spends); otherwise `state` is left as it is. `title` is that window's title.
-HookOutcome HookTypingWindow(SelectionState& state, WindowId previousForegroundWindow, std::u16string_view title);
+FloaterHookOutcome HookTypingWindow(SelectionState& state, WindowId previousForegroundWindow, std::u16string_view title);
 
 // Unticking: clears HookedWindow and the one-shot flag. The message names `title`, the window
 // through which the user unhooked (the one in front before the floater). Returns no message

@@ -7,6 +7,7 @@
 #include "settings/error_report.hpp"
 #include "shell/app_identity.hpp"
 #include "shell/offered_keymaps.hpp"
+#include "translit/win32/settings_windows.hpp"
 #include "shell/win32/drawn_icons.hpp"
 #include "shell/win32/main_menu.hpp"
 #include "shell/win32/process_snapshot.hpp"
@@ -58,6 +59,7 @@ BelovedOska::BelovedOska(LaunchOptions options)
 
 BelovedOska::~BelovedOska() {
   front_.Hooks().RemoveAll();
+  AttachSelectionState(nullptr);
   AttachTypingFront(nullptr);
   tray_.reset();
   if (appIcon_ != nullptr) DestroyIcon(appIcon_);
@@ -90,9 +92,6 @@ bool BelovedOska::Show(int showCommand) {
   const auto& typing = translit::LoadTypingSettings(folders_);
   if (typing.startSilently) {
     ShowWindow(window_, SW_HIDE);
-  } else if (typing.excelTyping) {
-    // The key keeps the old name "StartQuilomMinimized", and the window does what it says.
-    ShowWindow(window_, SW_SHOWMINNOACTIVE);
   } else {
     ShowWindow(window_, showCommand);
     UpdateWindow(window_);
@@ -124,6 +123,10 @@ LRESULT BelovedOska::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
   if (tray_ && tray_->HandleTaskbarCreated(message)) {
     UpdateTrayTip();
     WriteStateFile();
+    return 0;
+  }
+  if (message == translit::win32::OfferedKeymapsChangedMessage()) {
+    ReloadOfferedKeymaps();
     return 0;
   }
   switch (message) {
@@ -204,6 +207,7 @@ void BelovedOska::Load() {
   output_.SetCaretSnapsToClusters(ProbeCaretSnapsToClusters(*editor_));
   front_.Processor().SetHotkeyDigitHandler([this](int vk) { OnHotkeyDigit(vk); });
   AttachTypingFront(&front_);
+  AttachSelectionState(&selector_.State());
   front_.Hooks().InstallFocal();
   notifier_ = std::make_unique<NotifierPlayer>(folders_.mainDataFolder);
   AddTrayIcon();
@@ -212,6 +216,17 @@ void BelovedOska::Load() {
   if (!launch_.exitWhen.empty()) SetTimer(window_, kExitPollTimer, kExitPollMs, nullptr);
   if (launch_.startTyping) SelectKeymapNumber(1, false, false);
   ShowTypingState();
+}
+
+// A list finalised in the catalogue takes effect at once: the keymap list, the numbers the
+// hotkey reaches, the guide and the floater's grid all follow it. Typing goes on in the keymap
+// in use; its hotkey number is looked up in the new list when it is next switched.
+void BelovedOska::ReloadOfferedKeymaps() {
+  offered_ = LoadOfferedKeymaps(folders_);
+  FillKeymapList();
+  ShowGuide();
+  if (observer_ != nullptr) observer_->OnOfferedKeymapsChanged();
+  WriteStateFile();
 }
 
 void BelovedOska::Close() {
@@ -223,6 +238,7 @@ void BelovedOska::Close() {
   if (tray_) tray_->Remove();
   WriteStateFile();
   front_.Hooks().RemoveAll();
+  AttachSelectionState(nullptr);
   AttachTypingFront(nullptr);
   DestroyWindow(window_);
 }

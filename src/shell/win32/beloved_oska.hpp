@@ -37,8 +37,8 @@
 //
 // Choices of this window:
 // - Start-up per "inis\qm-settings.ini": "StartQuilomSilently" starts with the window hidden and
-//   no start-up balloon (the tray icon is there); "StartQuilomMinimized" (the Excel option that
-//   keeps the old name) starts it minimised, as the name says; "BalloonTipAtStartup" shows a
+//   no start-up balloon (the tray icon is there); "StartQuilomMinimized" is not read here: despite
+//   its name it holds the Excel typing option of the settings window; "BalloonTipAtStartup" shows a
 //   balloon with the hotkey; "OnCloseMinimizeQuilom" makes the close box hide the window to the
 //   tray, leaving Exit in the menus to end the program.
 // - Escape hides the window to the tray; Enter on the keymap list selects the keymap, on the
@@ -94,6 +94,7 @@ class BelovedOska final : public TypingHost {
   void CreateControls();
   void LayoutControls();
   void FillKeymapList();
+  void ReloadOfferedKeymaps();
   void FillHotkeyList();
   void ShowOptions();
   void ShowGuide();

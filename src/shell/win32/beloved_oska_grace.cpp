@@ -312,7 +312,7 @@ void BelovedOskaGrace::OnOptionToggled(int option, bool on) {
 void BelovedOskaGrace::OnHookToggled(bool on) {
   const WindowId previous = foreground_.Target();
   if (on) {
-    const HookOutcome outcome = HookTypingWindow(host_.Selection(), previous, PreviousTitle());
+    const FloaterHookOutcome outcome = HookTypingWindow(host_.Selection(), previous, PreviousTitle());
     ShowMessage(outcome.message);
     settings_.Set(FloaterOption::HookTheTypingWindow, outcome.verdict == HookVerdict::Hooked);
     if (outcome.verdict != HookVerdict::Hooked) {

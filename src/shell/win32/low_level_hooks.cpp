@@ -1,11 +1,14 @@
 #include "shell/win32/low_level_hooks.hpp"
 
+#include "shell/focused_typing.hpp"
 #include "shell/win32/system_input.hpp"
 
 namespace quilom::shell::win32 {
 namespace {
 
 TypingFront* g_front = nullptr;
+const SelectionState* g_selection = nullptr;
+FocusGate g_focusGate;
 
 HHOOK AsHook(std::uintptr_t handle) { return reinterpret_cast<HHOOK>(handle); }
 
@@ -18,11 +21,24 @@ void CarryOutMenu(MenuSuppression menu) {
   if (menu != MenuSuppression::None) SuppressMenuKey(menu == MenuSuppression::Alt);
 }
 
+DWORD WindowThread(HWND window) { return window != nullptr ? GetWindowThreadProcessId(window, nullptr) : 0; }
+
+// In one-application mode a key typed outside the hooked window is handled as with typing off.
+bool KeyReachesTyping() {
+  if (g_selection == nullptr || !TypingLimitedToHookedWindow(*g_selection)) return true;
+  const DWORD hookedThread = WindowThread(reinterpret_cast<HWND>(g_selection->HookedWindow));
+  const bool reaches = TypingReachesForeground(*g_selection, WindowThread(GetForegroundWindow()), hookedThread);
+  if (g_focusGate.Changed(reaches)) g_front->Processor().ResetComposition();
+  return reaches;
+}
+
 LRESULT CALLBACK GlobalKeyboardProc(int nCode, WPARAM wParam, LPARAM lParam) {
   const HHOOK own = g_front != nullptr ? AsHook(g_front->Hooks().GlobalKeyboardHook()) : nullptr;
   if (nCode == HC_ACTION && g_front != nullptr) {
     const std::uint32_t entered = g_front->Health().CallbackEntered();
-    const HookOutcome outcome = g_front->Pipeline().HandleGlobal(ToKeyEvent(wParam, lParam));
+    const KeyEvent event = ToKeyEvent(wParam, lParam);
+    const HookOutcome outcome =
+        KeyReachesTyping() ? g_front->Pipeline().HandleGlobal(event) : g_front->Pipeline().HandleFocal(event);
     CarryOutMenu(outcome.menu);
     g_front->Health().CallbackLeft(entered);
     if (outcome.swallow) return 1;
@@ -73,5 +89,7 @@ bool LowLevelHookPlatform::Remove(std::uintptr_t handle) noexcept {
 }
 
 void AttachTypingFront(TypingFront* front) { g_front = front; }
+
+void AttachSelectionState(const SelectionState* state) { g_selection = state; }
 
 }  // namespace quilom::shell::win32

@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include "shell/hook_set.hpp"
+#include "shell/keymap_selection.hpp"
 #include "shell/typing_front.hpp"
 
 // The three low-level hook callbacks and their installation. The callbacks only translate:
@@ -21,5 +22,9 @@ class LowLevelHookPlatform final : public HookPlatform {
 
 // The front end the callbacks serve; null detaches them (they then only pass events on).
 void AttachTypingFront(TypingFront* front);
+
+// The selection state whose one-application mode limits typing to the hooked window; null
+// lets typing reach every window.
+void AttachSelectionState(const SelectionState* state);
 
 }  // namespace quilom::shell::win32
