@@ -21,7 +21,7 @@ std::u16string FirstRunGuide(std::u16string_view presentHotkey, std::u16string_v
   if (presentHotkey.empty() || presentHotkey == u"None") {
     text =
         u"To start typing: press 'Start' Global Typing below, or choose a hotkey in the list and press "
-        u"Set Hotkey.\r\n";
+        u"Set New Hotkey.\r\n";
   } else {
     const std::u16string hotkey(presentHotkey);
     text = u"To start typing Tamil: press " + hotkey + u" then 1 (" + keymap + u") and type in any program.\r\n" +

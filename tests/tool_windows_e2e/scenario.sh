@@ -95,8 +95,7 @@ start_quilom() {
 
 # Clicks the window's caption (a real click makes it Wine's foreground window), then opens the
 # entry ENTRY of the menu MENU (both mnemonics) and waits for a visible window titled TITLE.
-# F10 enters the menu bar first: the main window's controls answer Alt+letter mnemonics of their
-# own ("Se&t Hotkey" takes Alt+T), and under Wine Alt alone does not reach the menu bar.
+# F10 enters the menu bar first: under Wine, Alt alone does not reach the menu bar.
 open_from_menu() {
   local main=$1 menu=$2 entry=$3 title=$4 wid
   xdotool windowfocus --sync "$main" 2>/dev/null || true
@@ -223,13 +222,13 @@ case $name in
       done
       ! xdotool search --onlyvisible --name "$title" >/dev/null 2>&1 || fail "'$title' did not close on Alt+F4"
     done 3<<'MENUS'
-t|f|^Quilom\+\+ : Tamil Fonts Converter$
-t|r|^Quilom\+\+ - Reverse Transliteration$
-t|s|^Quilom\+\+ - Reverse Transliteration \(small\)$
-t|a|^Quilom\+\+ - Auto Transliterator$
-t|b|^Quilom\+\+ - Auto Transliterator \(side by side\)$
-t|u|^Quilom\+\+ - URL Normalizer$
-e|w|^Quilom\+\+ - Start with Windows$
+o|f|^Quilom\+\+ : Tamil Fonts Converter$
+o|r|^Quilom\+\+ - Reverse Transliteration$
+o|s|^Quilom\+\+ - Reverse Transliteration \(small\)$
+o|a|^Quilom\+\+ - Auto Transliterator$
+o|b|^Quilom\+\+ - Auto Transliterator \(side by side\)$
+o|u|^Quilom\+\+ - URL Normalizer$
+s|w|^Quilom\+\+ - Start with Windows$
 MENUS
     ;;
   *)

@@ -34,13 +34,13 @@ void BelovedOska::CreateControls() {
   allApplications_ = MakeChild(window_, L"BUTTON", L"Enable typing in &all applications",
                                BS_AUTORADIOBUTTON | WS_GROUP | tab, kAllApplicationsId);
   oneApplication_ =
-      MakeChild(window_, L"BUTTON", L"Enable typing in that application al&one", BS_AUTORADIOBUTTON, kOneApplicationId);
+      MakeChild(window_, L"BUTTON", L"Enable typing in that application a&lone", BS_AUTORADIOBUTTON, kOneApplicationId);
   instantTyping_ =
       MakeChild(window_, L"BUTTON", L"&Instant Typing", BS_AUTOCHECKBOX | WS_GROUP | tab, kInstantTypingId);
   fastEditing_ = MakeChild(window_, L"BUTTON", L"&Fast Editing", BS_AUTOCHECKBOX | tab, kFastEditingId);
   smartEditing_ = MakeChild(window_, L"BUTTON", L"S&mart Editing", BS_AUTOCHECKBOX | tab, kSmartEditingId);
-  copyPasteEditing_ = MakeChild(window_, L"BUTTON", L"Cop&yPaste Editing", BS_AUTOCHECKBOX | tab, kCopyPasteEditingId);
-  includeHotkeys_ = MakeChild(window_, L"BUTTON", L"Include &Hotkeys", BS_AUTOCHECKBOX | tab, kIncludeHotkeysId);
+  copyPasteEditing_ = MakeChild(window_, L"BUTTON", L"&CopyPaste Editing", BS_AUTOCHECKBOX | tab, kCopyPasteEditingId);
+  includeHotkeys_ = MakeChild(window_, L"BUTTON", L"Inclu&de Hotkeys", BS_AUTOCHECKBOX | tab, kIncludeHotkeysId);
   startStop_ = MakeChild(window_, L"BUTTON", L"", BS_PUSHBUTTON | tab | WS_GROUP, kStartStopId);
   status_ = MakeChild(window_, L"STATIC", L"", SS_LEFT | SS_NOPREFIX);
   keymapLabel_ = MakeChild(window_, L"STATIC", L"&Keymaps (hotkey number, name):", SS_LEFT);
@@ -51,12 +51,12 @@ void BelovedOska::CreateControls() {
   useKeymap_ = MakeChild(window_, L"BUTTON", L"&Use the selected keymap", BS_PUSHBUTTON | tab, kUseKeymapId);
   hotkeyLabel_ = MakeChild(window_, L"STATIC", L"Hotk&ey:", SS_LEFT);
   hotkeyList_ = MakeChild(window_, L"COMBOBOX", L"", CBS_DROPDOWNLIST | WS_VSCROLL | tab, kHotkeyListId);
-  setHotkey_ = MakeChild(window_, L"BUTTON", L"Se&t Hotkey", BS_PUSHBUTTON | tab, kSetHotkeyId);
+  setHotkey_ = MakeChild(window_, L"BUTTON", L"Set &New Hotkey", BS_PUSHBUTTON | tab, kSetHotkeyId);
   presentHotkey_ = MakeChild(window_, L"STATIC", L"", SS_LEFT | SS_NOPREFIX);
-  chartButton_ = MakeChild(window_, L"BUTTON", L"Keymap &chart", BS_PUSHBUTTON | tab, kChartButtonId);
+  chartButton_ = MakeChild(window_, L"BUTTON", L"Keymap cha&rt", BS_PUSHBUTTON | tab, kChartButtonId);
   gettingStartedButton_ =
       MakeChild(window_, L"BUTTON", L"&Getting started", BS_PUSHBUTTON | tab, kGettingStartedButtonId);
-  tryHere_ = MakeChild(window_, L"STATIC", L"T&ry it here:", SS_LEFT);
+  tryHere_ = MakeChild(window_, L"STATIC", L"Try it here:", SS_LEFT);
   editor_ = std::make_unique<controls::RichEditBox>(controls::RichEditBox::Create(window_, kEditorId, {0, 0, 10, 10}));
   version_ = MakeChild(window_, L"STATIC", VersionLabel().c_str(), SS_RIGHT | SS_NOPREFIX);
   LayoutControls();

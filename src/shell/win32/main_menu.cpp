@@ -26,9 +26,9 @@ HMENU BuildMainMenu(bool withFloater) {
   AppendMenuW(typing, MF_STRING, kCmdHideToTray, L"&Hide to the tray\tEsc");
   AppendMenuW(typing, MF_SEPARATOR, 0, nullptr);
   AppendMenuW(typing, MF_STRING, kCmdExit, L"E&xit");
-  AppendPopup(bar, typing, L"T&yping");
-  AppendPopup(bar, AppWindowPopup(AppMenu::Tools), L"&Tools");
-  AppendPopup(bar, AppWindowPopup(AppMenu::Settings), L"S&ettings");
+  AppendPopup(bar, typing, L"&Typing");
+  AppendPopup(bar, AppWindowPopup(AppMenu::Tools), L"T&ools");
+  AppendPopup(bar, AppWindowPopup(AppMenu::Settings), L"&Settings");
   HMENU help = CreatePopupMenu();
   AppendMenuW(help, MF_STRING, kCmdGettingStarted, L"&Getting started");
   AppendMenuW(help, MF_STRING, kCmdKeymapChart, L"Keymap &chart");
@@ -42,8 +42,8 @@ HMENU BuildTrayMenu(bool typingOn) {
   HMENU menu = CreatePopupMenu();
   if (menu == nullptr) return nullptr;
   AppendMenuW(menu, MF_STRING | (typingOn ? MF_CHECKED : 0), kCmdStartStop, L"&Start/Stop global typing");
-  AppendPopup(menu, AppWindowPopup(AppMenu::Tools), L"&Tools");
-  AppendPopup(menu, AppWindowPopup(AppMenu::Settings), L"S&ettings");
+  AppendPopup(menu, AppWindowPopup(AppMenu::Tools), L"T&ools");
+  AppendPopup(menu, AppWindowPopup(AppMenu::Settings), L"&Settings");
   AppendMenuW(menu, MF_STRING, kCmdAbout, L"&About");
   AppendMenuW(menu, MF_STRING, kCmdHideToTray, L"&Hide");
   AppendMenuW(menu, MF_SEPARATOR, 0, nullptr);
