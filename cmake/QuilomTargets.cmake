@@ -24,10 +24,17 @@ endfunction()
 
 # Copies the shipped data tree beside a target's executable, so that the program finds
 # "Sorvin" next to itself as it does when installed.
+# Every executable lands in the one output folder, so the data is copied there once, by one
+# target that they all wait for: copies made by each program's own post-build step ran at the
+# same time and failed each other.
 function(quilom_copy_data_beside target)
-  add_custom_command(TARGET ${target} POST_BUILD
-    COMMAND ${CMAKE_COMMAND} -E copy_directory ${QUILOM_DATA_SOURCE_DIR} $<TARGET_FILE_DIR:${target}>/Sorvin
-    VERBATIM)
+  if(NOT TARGET quilom_data_beside)
+    add_custom_target(quilom_data_beside ALL
+      COMMAND ${CMAKE_COMMAND} -E copy_directory ${QUILOM_DATA_SOURCE_DIR} ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/Sorvin
+      COMMENT "Copying the data tree beside the executables"
+      VERBATIM)
+  endif()
+  add_dependencies(${target} quilom_data_beside)
 endfunction()
 
 # Static, console-free-of-DLLs linking for the MinGW builds: the executables must run on a
