@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "controls/win32/wide_text.hpp"
+#include "controls/win32/window_class.hpp"
 #include "settings/error_report.hpp"
 #include "translit/catalogue_lists.hpp"
 #include "translit/win32/list_view_rows.hpp"
@@ -28,18 +29,6 @@ std::u16string WindowTitle(HWND window) {
   std::wstring title(static_cast<size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
   title.resize(static_cast<size_t>(GetWindowTextW(window, title.data(), static_cast<int>(title.size()))));
   return std::u16string(title.begin(), title.end());
-}
-
-void RegisterClassOnce(HINSTANCE instance, WNDPROC procedure) {
-  WNDCLASSEXW windowClass{};
-  windowClass.cbSize = sizeof(windowClass);
-  if (GetClassInfoExW(instance, kClassName, &windowClass)) return;
-  windowClass.lpfnWndProc = procedure;
-  windowClass.hInstance = instance;
-  windowClass.hCursor = LoadCursorW(nullptr, IDC_ARROW);
-  windowClass.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1);
-  windowClass.lpszClassName = kClassName;
-  RegisterClassExW(&windowClass);
 }
 
 // The program's message loop runs no dialog navigation for the floater, so its two lists move
@@ -91,7 +80,7 @@ bool BelovedOskaGrace::ShowsAtStartup(const settings::DataFolders& folders) {
 bool BelovedOskaGrace::Show() {
   if (window_ == nullptr) {
     settings_ = ReadFloaterSettings(FloaterSettingsPath(folders_));
-    RegisterClassOnce(instance_, Procedure);
+    controls::RegisterWindowClassOnce(instance_, kClassName, Procedure);
     constexpr DWORD style = WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_THICKFRAME | WS_MINIMIZEBOX | WS_CLIPCHILDREN;
     window_ = CreateWindowExW(WS_EX_TOOLWINDOW | WS_EX_CONTROLPARENT, kClassName, kCaption, style, settings_.left,
                               settings_.top, settings_.width, settings_.height, nullptr, nullptr, instance_, this);

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "controls/win32/window_class.hpp"
 #include "settings/error_report.hpp"
 #include "tools/win32/tool_controls.hpp"
 
@@ -60,17 +61,9 @@ const wchar_t* RichEditClass() {
 }
 
 void RegisterClassOnce(HINSTANCE instance, WNDPROC procedure) {
-  WNDCLASSEXW windowClass{};
-  windowClass.cbSize = sizeof(windowClass);
-  if (GetClassInfoExW(instance, kClassName, &windowClass)) return;
-  windowClass.lpfnWndProc = procedure;
-  windowClass.hInstance = instance;
-  windowClass.hCursor = LoadCursorW(nullptr, IDC_ARROW);
-  windowClass.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1);
-  windowClass.hIcon = LoadIconW(instance, MAKEINTRESOURCEW(1));
-  if (windowClass.hIcon == nullptr) windowClass.hIcon = LoadIconW(nullptr, IDI_APPLICATION);
-  windowClass.lpszClassName = kClassName;
-  RegisterClassExW(&windowClass);
+  HICON icon = LoadIconW(instance, MAKEINTRESOURCEW(1));
+  if (icon == nullptr) icon = LoadIconW(nullptr, IDI_APPLICATION);
+  controls::RegisterWindowClassOnce(instance, kClassName, procedure, icon);
 }
 
 }  // namespace
