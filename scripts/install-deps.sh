@@ -15,6 +15,9 @@ packages=(
   m17n-db libm17n-dev
   # the LibreOffice document backend and its end-to-end tests (real legacy and Unicode fonts)
   libreoffice-writer-nogui libreoffice-dev fonts-taml-tscu fonts-taml-tamu fonts-noto-core
+  # independent references for the legacy encodings: the glyph tables of the fonts Debian ships,
+  # read with a font library and shaped with HarfBuzz (glibc's iconv is in libc itself)
+  python3-fonttools libharfbuzz-bin
   # the installer and the portable zip of the Windows builds
   nsis zip unzip
   # real Tamil words for the round-trip measurement of reverse transliteration
