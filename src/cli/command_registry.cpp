@@ -3,6 +3,7 @@
 #include <ostream>
 
 #include "cli/command.hpp"
+#include "cli/exit_codes.hpp"
 #include "version.hpp"
 
 namespace quilom::cli {
@@ -18,7 +19,7 @@ void PrintUsage(std::ostream& out) {
   std::vector<Command> sorted = Registry();
   std::sort(sorted.begin(), sorted.end(), [](const Command& a, const Command& b) { return a.name < b.name; });
   for (const Command& c : sorted) out << "  " << c.usage << "\n      " << c.summary << "\n";
-  out << "\nText is read and written as UTF-8. FILE omitted or '-' means standard input.\n";
+  out << "\nText is read and written as UTF-8. FILE omitted or '-' means standard input.\n" << kExitCodeHelp;
 }
 
 }  // namespace
@@ -52,7 +53,8 @@ int RunQuilom(const std::vector<std::string>& args, std::istream& in, std::ostre
     return 2;
   }
   const auto& commands = Registry();
-  const auto found = std::find_if(commands.begin(), commands.end(), [&](const Command& c) { return c.name == args[i]; });
+  const auto found =
+      std::find_if(commands.begin(), commands.end(), [&](const Command& c) { return c.name == args[i]; });
   if (found == commands.end()) {
     err << "quilom: unknown command '" << args[i] << "'\n";
     PrintUsage(err);

@@ -1,11 +1,18 @@
 // `quilom convert`: text between a legacy Tamil font encoding and Unicode, with the same tables
 // and the same conversion run as the converter window.
 //
-// Plain text comes in any of the text-file forms (UTF-8 or UTF-16 with a mark, UTF-8, or legacy
-// bytes) and goes out as UTF-8 for Unicode, or as legacy bytes (the Windows-1252 bytes of the
-// legacy glyph codes) for a legacy encoding; Tace and Stmzh keep their Private Use Area codes in
-// UTF-8, as does any output with a character no Windows-1252 byte shows. A legacy-to-legacy request is made in two runs
-// through Unicode. Word-processor documents go through a document backend chosen by the file's extension.
+// Legacy text is bytes: each byte is a glyph code of the font, read and written as it is (the
+// tables see it as the Windows-1252 character of the byte, which is what a word processor shows
+// in a legacy font). Text that was saved from such a view as UTF-8 or UTF-16 (the characters,
+// not the bytes) is read and written with --legacy-text. Tace and Stmzh keep their glyph codes
+// in the Private Use Area and are always UTF-8 text. Unicode text is UTF-8, with or without its
+// mark, or UTF-16 with its mark; invalid UTF-8 is refused with its byte offset. A
+// legacy-to-legacy request is made in two runs through Unicode.
+//
+// Characters the target encoding cannot hold never change the output's form silently: the run
+// stops and names the first, unless --unmappable asks to skip, replace or keep them (see
+// converter/unmappable_characters.hpp). Word-processor documents go through a document backend
+// chosen by the file's extension; their text is characters already.
 //
 // In a document only text in the right fonts is converted, so that an English paragraph beside
 // legacy Tamil text is left alone. The editors cannot list a document's fonts, so the fonts come
@@ -16,11 +23,14 @@
 
 #include <algorithm>
 #include <chrono>
+#include <cstdio>
 #include <filesystem>
 #include <ostream>
 
 #include "cli/cli_io.hpp"
 #include "cli/command.hpp"
+#include "cli/exit_codes.hpp"
+#include "cli/unmappable_report.hpp"
 #include "converter/conversion_run.hpp"
 #include "converter/convert_checks.hpp"
 #include "converter/converter_lists.hpp"
@@ -28,9 +38,11 @@
 #include "converter/encoding_list.hpp"
 #include "converter/legacy_bytes.hpp"
 #include "converter/plain_text_editor.hpp"
+#include "converter/unmappable_characters.hpp"
 #include "settings/data_folders.hpp"
 #include "settings/text_file.hpp"
 #include "text/strings.hpp"
+#include "text/text_input.hpp"
 #include "text/utf.hpp"
 
 namespace quilom::cli {
@@ -63,7 +75,15 @@ struct Options {
   bool document = false;
   std::vector<std::u16string> legacyFonts;  // --legacy-font, in the order given
   std::u16string unicodeFont;               // --unicode-font (or --font); "" = not named
+  bool legacyText = false;                  // --legacy-text: the legacy side is text, not bytes
+  UnmappableChoice unmappable;
 };
+
+bool StoresLegacyBytes(std::u16string_view encoding) { return !UsesPrivateUseGlyphs(encoding); }
+
+bool ReadsLegacyBytes(const Options& options) {
+  return options.from != 0 && StoresLegacyBytes(options.fromName) && !options.legacyText;
+}
 
 std::int64_t NowSeconds() {
   return std::chrono::duration_cast<std::chrono::seconds>(std::chrono::steady_clock::now().time_since_epoch()).count();
@@ -109,9 +129,8 @@ struct StepFonts {
 // opened, so without --legacy-font only the encoding's default font is searched: text in other
 // fonts (English paragraphs, say) stays as it is. "Any Font" lifts the restriction.
 std::vector<std::u16string> LegacyFindFonts(const Options& options, const std::u16string& defaultFont) {
-  const std::vector<std::u16string> named = options.legacyFonts.empty()
-                                                ? std::vector<std::u16string>{defaultFont}
-                                                : options.legacyFonts;
+  const std::vector<std::u16string> named =
+      options.legacyFonts.empty() ? std::vector<std::u16string>{defaultFont} : options.legacyFonts;
   for (const std::u16string& font : named) {
     if (IsAnyFont(font)) {
       return {};
@@ -249,8 +268,8 @@ class RunProgress {
 
 int PassesOf(const ConversionRequest& request) {
   const std::size_t rows = request.legacyFonts.rows.size();
-  const bool perFont = request.direction == ConversionDirection::LegacyToUnicode &&
-                       request.legacyFonts.selected == 0 && rows >= 4;
+  const bool perFont =
+      request.direction == ConversionDirection::LegacyToUnicode && request.legacyFonts.selected == 0 && rows >= 4;
   return perFont ? static_cast<int>(rows - 2) : 1;
 }
 
@@ -277,42 +296,129 @@ bool RunSteps(CommandContext& ctx, const EncodingList& list, const Options& opti
   return true;
 }
 
-// Legacy text goes out as its Windows-1252 bytes; text with a character no such byte shows
-// (Private Use Area glyph codes, the Mac-era codes of some encodings, text the table does not
-// cover) goes out whole as UTF-8 instead, so that nothing is lost.
-std::string EncodeOutput(CommandContext& ctx, const Options& options, const std::u16string& text) {
-  if (options.to == 0 || UsesPrivateUseGlyphs(options.toName)) {
+// Without --legacy-text, legacy input is the font's byte codes as they are: bytes that happen to
+// form valid UTF-8 are glyph codes all the same. A byte-order mark says the file is text, which
+// bytes of a legacy font never open with, so it is refused rather than read as three glyphs.
+std::optional<std::u16string> DecodeInput(CommandContext& ctx, const Options& options, const std::string& bytes) {
+  if (ReadsLegacyBytes(options)) {
+    if (text::StartsWithByteOrderMark(bytes)) {
+      const std::string from = text::Utf16ToUtf8(options.fromName);
+      ctx.err << "quilom convert: the input opens with a byte-order mark, so it is text, not " << from
+              << " bytes: give --legacy-text if it holds the characters a " << from
+              << " font shows (text saved from a word processor), or --from Unicode if it is Unicode Tamil\n";
+      return std::nullopt;
+    }
+    return LegacyBytesToText(bytes);
+  }
+  text::DecodedText decoded = text::DecodeTextInput(bytes);
+  if (decoded.invalidAt) {
+    char byte[8];
+    std::snprintf(byte, sizeof byte, "0x%02X", static_cast<unsigned char>(bytes[*decoded.invalidAt]));
+    ctx.err << "quilom convert: the input is not valid " << text::TextFormName(decoded.form) << ": byte " << byte
+            << " at offset " << *decoded.invalidAt;
+    if (options.from == 0) {
+      ctx.err << " (legacy-font text? name its encoding with --from)";
+    }
+    ctx.err << "\n";
+    return std::nullopt;
+  }
+  return std::move(decoded.text);
+}
+
+// One step of a plain-text request over the text, through the same run as the window's.
+std::optional<std::u16string> RunPlainStep(CommandContext& ctx, const ConversionRequest& request, std::u16string text,
+                                           bool showProgress) {
+  PlainTextEditor editor(std::move(text));
+  ProgressBar bar(ctx, "converting");
+  if (showProgress) {
+    editor.SetApplyProgress([&bar](int percent) { bar.Update(percent); });
+  }
+  NoQuestionsPrompter prompter;
+  if (RunConversion(request, editor, prompter, {}, NowSeconds).status != RunStatus::Completed) {
+    ctx.err << "quilom convert: the conversion failed (see the report above)\n";
+    return std::nullopt;
+  }
+  std::u16string converted = editor.Text();
+  if (showProgress) {
+    bar.Finish();
+  }
+  return converted;
+}
+
+// Legacy text goes out as its bytes, unless it was asked for as text (--legacy-text), its
+// glyph codes lie outside the byte range (Tace, Stmzh), or characters no byte shows were kept.
+std::string EncodeOutput(const Options& options, const std::u16string& text, bool keptUnmappable) {
+  if (options.to == 0 || !StoresLegacyBytes(options.toName) || options.legacyText || keptUnmappable) {
     return text::Utf16ToUtf8(text);
   }
   std::size_t unencodable = 0;
-  std::string bytes = TextToLegacyBytes(text, unencodable);
-  if (unencodable > 0) {
-    ctx.err << "quilom convert: " << unencodable
-            << " character(s) have no Windows-1252 byte; the output is written as UTF-8\n";
-    return text::Utf16ToUtf8(text);
+  return TextToLegacyBytes(text, unencodable);
+}
+
+// The repertoire of the step's target with the policy's replacement checked against it.
+std::optional<LegacyRepertoire> TargetRepertoire(CommandContext& ctx, const Options& options, int to) {
+  std::optional<LegacyRepertoire> repertoire =
+      LoadLegacyRepertoire(ConverterFolder(ctx), to, options.irRiReeForm, StoresLegacyBytes(options.toName));
+  if (!repertoire) {
+    ctx.err << "quilom convert: the tables of " << text::Utf16ToUtf8(options.toName) << " are missing\n";
+    return std::nullopt;
   }
-  return bytes;
+  if (options.unmappable.policy == UnmappablePolicy::Replace && !repertoire->CanHold(options.unmappable.replacement)) {
+    ctx.err << "quilom convert: the replacement '"
+            << text::Utf16ToUtf8(std::u16string(1, options.unmappable.replacement)) << "' cannot be written in "
+            << text::Utf16ToUtf8(options.toName) << " either: choose another with --replacement CHAR\n";
+    return std::nullopt;
+  }
+  return repertoire;
 }
 
 int ConvertPlainText(CommandContext& ctx, const EncodingList& list, const Options& options, const std::string& input,
                      const std::string& output) {
   const std::optional<std::string> bytes = ReadInputBytes(ctx, input, kName);
   if (!bytes) {
-    return 1;
+    return kExitFailed;
   }
-  PlainTextEditor editor(DecodeTextFileBytes(*bytes));
-  ProgressBar bar(ctx, "converting");
-  if (bytes->size() >= kProgressBarFrom) {
-    editor.SetApplyProgress([&bar](int percent) { bar.Update(percent); });
+  std::optional<std::u16string> text = DecodeInput(ctx, options, *bytes);
+  if (!text) {
+    return kExitFailed;
   }
-  if (!RunSteps(ctx, list, options, editor, nullptr)) {
-    return 1;
+  const bool showProgress = bytes->size() >= kProgressBarFrom;
+  UnmappableFindings findings;
+  const std::vector<std::pair<int, int>> steps = Steps(options);
+  for (std::size_t i = 0; i < steps.size(); ++i) {
+    const auto [from, to] = steps[i];
+    const std::optional<ConversionRequest> request = RequestFor(ctx, list, options, from, to, i > 0);
+    if (!request) {
+      return kExitFailed;
+    }
+    if (to == 0) {
+      text = RunPlainStep(ctx, *request, std::move(*text), showProgress);
+      if (!text) return kExitFailed;
+      continue;
+    }
+    const std::optional<LegacyRepertoire> repertoire = TargetRepertoire(ctx, options, to);
+    if (!repertoire) {
+      return kExitUsage;
+    }
+    UnmappableGuard guard(*repertoire, options.unmappable.policy, options.unmappable.replacement);
+    const std::u16string source = guard.PrepareSource(*text);
+    text = RunPlainStep(ctx, *request, source, showProgress);
+    if (!text) return kExitFailed;
+    text = guard.FinishWritten(*text, source);
+    findings = guard.Findings();
   }
-  const std::u16string& converted = editor.Text();
-  if (bytes->size() >= kProgressBarFrom) {
-    bar.Finish();
+  if (findings.count > 0 && options.unmappable.policy == UnmappablePolicy::Stop) {
+    ReportUnmappableStop(ctx.err, findings, options.toName);
+    return kExitFailed;
   }
-  return WriteOutputBytes(ctx, output, EncodeOutput(ctx, options, converted), kName) ? 0 : 1;
+  if (findings.count > 0) {
+    ReportUnmappableWarning(ctx.err, options.unmappable, findings, options.toName);
+  }
+  const bool kept = findings.count > 0 && options.unmappable.policy == UnmappablePolicy::Keep;
+  if (!WriteOutputBytes(ctx, output, EncodeOutput(options, *text, kept), kName)) {
+    return kExitFailed;
+  }
+  return findings.count > 0 ? kExitLeftOvers : kExitDone;
 }
 
 int ConvertDocument(CommandContext& ctx, const EncodingList& list, const Options& options, const std::string& input,
@@ -322,41 +428,51 @@ int ConvertDocument(CommandContext& ctx, const EncodingList& list, const Options
   const std::string problem = DocumentBackendProblem(extension);
   if (!problem.empty()) {
     ctx.err << "quilom convert: " << problem << "\n";
-    return 1;
+    return kExitFailed;
   }
   if (output.empty() || output == "-") {
     ctx.err << "quilom convert: a document needs an output file: -o OUT" << extension << "\n";
-    return 2;
+    return kExitUsage;
   }
   const std::filesystem::path outputPath = std::filesystem::u8path(output);
   std::error_code ec;
   if (std::filesystem::equivalent(inputPath, outputPath, ec)) {
     ctx.err << "quilom convert: the output must be a new file, not the input itself\n";
-    return 2;
+    return kExitUsage;
   }
   std::string error;
   const std::unique_ptr<DocumentSession> session = FindDocumentBackend(extension)->Open(inputPath, error);
   if (!session) {
     ctx.err << "quilom convert: cannot open '" << input << "': " << error << "\n";
-    return 1;
+    return kExitFailed;
   }
   ProgressBar bar(ctx, "converting");
   RunProgress progress(bar, static_cast<int>(Steps(options).size()));
   if (!RunSteps(ctx, list, options, session->Editor(), &progress)) {
-    return 1;
+    return kExitFailed;
   }
   bar.Finish();
   if (!session->SaveAs(outputPath, error)) {
     ctx.err << "quilom convert: cannot save '" << output << "': " << error << "\n";
-    return 1;
+    return kExitFailed;
   }
-  return 0;
+  return kExitDone;
 }
 
 std::string Usage() {
-  return "convert --from ENCODING --to ENCODING [FILE] [-o OUT] [--decorative-quotes] [--plain-ra] "
+  return "convert --from ENCODING --to ENCODING [FILE] [-o OUT] [--legacy-text] "
+         "[--unmappable stop|skip|replace|keep] [--replacement CHAR] [--decorative-quotes] [--plain-ra] "
          "[--keep-vowel-sign-glyphs] [--legacy-font NAME]... [--unicode-font NAME] [--font NAME] [--help]";
 }
+
+constexpr const char* kTextHelp =
+    "Plain text:\n"
+    "  Legacy text is bytes: each byte is a glyph code of the font, read and written as it is.\n"
+    "  --legacy-text reads and writes the legacy side as UTF-8 text of the characters a word\n"
+    "    processor shows in the legacy font (text copied or saved from such a view) instead.\n"
+    "  Tace and Stmzh keep their glyphs in the Private Use Area and are always UTF-8 text.\n"
+    "  Unicode text is UTF-8 (with or without its mark) or UTF-16 with its mark; invalid UTF-8 is\n"
+    "    refused with the offset of the first bad byte.\n";
 
 std::optional<Options> ReadOptions(CommandContext& ctx, const ParsedArgs& parsed, const EncodingList& list) {
   Options options;
@@ -385,6 +501,14 @@ std::optional<Options> ReadOptions(CommandContext& ctx, const ParsedArgs& parsed
             << "): there is nothing to convert\n";
     return std::nullopt;
   }
+  std::string error;
+  const std::optional<UnmappableChoice> unmappable = ReadUnmappableChoice(parsed, error);
+  if (!unmappable) {
+    ctx.err << "quilom convert: " << error << "\n";
+    return std::nullopt;
+  }
+  options.unmappable = *unmappable;
+  options.legacyText = parsed.flags.count("--legacy-text") > 0;
   options.normalQuotes = !parsed.flags.count("--decorative-quotes");
   options.irRiReeForm = !parsed.flags.count("--plain-ra");
   options.convertVowelSigns = !parsed.flags.count("--keep-vowel-sign-glyphs");
@@ -432,34 +556,37 @@ constexpr const char* kFontHelp =
     "  legacy to legacy: --legacy-font names the source fonts as above; the text goes through\n"
     "    --unicode-font (or the default Unicode font) and gets the target encoding's default font.\n";
 
-bool HasFontOptions(const Options& options) {
-  return !options.legacyFonts.empty() || !options.unicodeFont.empty();
-}
+bool HasFontOptions(const Options& options) { return !options.legacyFonts.empty() || !options.unicodeFont.empty(); }
 
 int RunConvert(CommandContext& ctx) {
   std::vector<std::u16string> legacyFonts;
   const std::optional<std::vector<std::string>> words = TakeLegacyFonts(ctx, legacyFonts);
   if (!words) {
-    return 2;
+    return kExitUsage;
   }
-  const ParsedArgs parsed = ParseArgs(*words, {"--from", "--to", "-o", "--font", "--unicode-font"},
-                                      {"--decorative-quotes", "--plain-ra", "--keep-vowel-sign-glyphs", "--help"});
+  const ParsedArgs parsed =
+      ParseArgs(*words, {"--from", "--to", "-o", "--font", "--unicode-font", "--unmappable", "--replacement"},
+                {"--decorative-quotes", "--plain-ra", "--keep-vowel-sign-glyphs", "--legacy-text", "--help"});
   if (parsed.flags.count("--help")) {
-    ctx.out << "quilom " << Usage() << "\n\n" << kFontHelp;
-    return 0;
+    ctx.out << "quilom " << Usage() << "\n\n"
+            << kTextHelp << "\n"
+            << kUnmappableHelp << "\n"
+            << kFontHelp << "\n"
+            << kExitCodeHelp;
+    return kExitDone;
   }
   if (!parsed.error.empty() || parsed.positional.size() > 1) {
     ctx.err << "quilom convert: " << (parsed.error.empty() ? "give at most one input file" : parsed.error) << "\n";
-    return 2;
+    return kExitUsage;
   }
   const EncodingList list = LoadEncodingList(ConverterFolder(ctx));
   if (list.names.empty()) {
     ctx.err << "quilom convert: no encodings list in " << ConverterFolder(ctx).string() << "\n";
-    return 1;
+    return kExitFailed;
   }
   std::optional<Options> options = ReadOptions(ctx, parsed, list);
   if (!options) {
-    return 2;
+    return kExitUsage;
   }
   options->legacyFonts = std::move(legacyFonts);
   const std::string input = parsed.positional.empty() ? "" : parsed.positional[0];
@@ -476,7 +603,7 @@ int RunConvert(CommandContext& ctx) {
   const std::string problem = DocumentFontsProblem(*options, LoadDefaultFonts(ConverterFolder(ctx)));
   if (!problem.empty()) {
     ctx.err << "quilom convert: " << problem << "\n";
-    return 2;
+    return kExitUsage;
   }
   return ConvertDocument(ctx, list, *options, input, output);
 }

@@ -2,8 +2,7 @@
 
 #include <array>
 
-#include "settings/text_file.hpp"
-#include "text/utf.hpp"
+#include "text/text_input.hpp"
 
 namespace quilom::converter {
 namespace {
@@ -31,17 +30,6 @@ int ByteOf(char16_t ch) {
   return -1;
 }
 
-std::u16string Utf16FromBytes(std::string_view bytes, bool bigEndian) {
-  std::u16string text;
-  text.reserve(bytes.size() / 2);
-  for (std::size_t i = 0; i + 1 < bytes.size(); i += 2) {
-    const auto first = static_cast<unsigned char>(bytes[i]);
-    const auto second = static_cast<unsigned char>(bytes[i + 1]);
-    text.push_back(static_cast<char16_t>(bigEndian ? (first << 8) | second : (second << 8) | first));
-  }
-  return text;
-}
-
 }  // namespace
 
 std::u16string LegacyBytesToText(std::string_view bytes) {
@@ -53,6 +41,8 @@ std::u16string LegacyBytesToText(std::string_view bytes) {
   }
   return text;
 }
+
+bool HasLegacyByte(char16_t ch) { return ByteOf(ch) >= 0; }
 
 std::string TextToLegacyBytes(std::u16string_view text, std::size_t& unencodable) {
   unencodable = 0;
@@ -71,20 +61,11 @@ std::string TextToLegacyBytes(std::u16string_view text, std::size_t& unencodable
 }
 
 std::u16string DecodeTextFileBytes(std::string_view bytes) {
-  if (bytes.starts_with("\xEF\xBB\xBF")) {
-    return text::Utf8ToUtf16(bytes.substr(3));
+  text::DecodedText decoded = text::DecodeTextInput(bytes);
+  if (decoded.invalidAt && !text::StartsWithByteOrderMark(bytes)) {
+    return LegacyBytesToText(bytes);
   }
-  if (bytes.starts_with("\xFF\xFE")) {
-    return Utf16FromBytes(bytes.substr(2), false);
-  }
-  if (bytes.starts_with("\xFE\xFF")) {
-    return Utf16FromBytes(bytes.substr(2), true);
-  }
-  if (settings::IsValidUtf8(reinterpret_cast<const unsigned char*>(bytes.data()),
-                            static_cast<std::int32_t>(bytes.size()))) {
-    return text::Utf8ToUtf16(bytes);
-  }
-  return LegacyBytesToText(bytes);
+  return std::move(decoded.text);
 }
 
 }  // namespace quilom::converter

@@ -13,11 +13,15 @@ namespace quilom::converter {
 
 std::u16string LegacyBytesToText(std::string_view bytes);
 
+// True when a byte shows `ch`: what a legacy text stored as bytes can hold.
+bool HasLegacyByte(char16_t ch);
+
 // Characters no byte shows become '?'; `unencodable` counts them.
 std::string TextToLegacyBytes(std::u16string_view text, std::size_t& unencodable);
 
-// A text file's bytes in whatever form it came: UTF-8 or UTF-16 with their marks, UTF-8
-// without a mark when the bytes are valid UTF-8, else legacy bytes as above.
+// A file of unknown kind, as the test fixtures store legacy text: UTF-8 or UTF-16 with their
+// marks, UTF-8 without a mark when the bytes are valid UTF-8, else legacy bytes as above. The
+// command line never guesses: it is told whether its input is legacy bytes or text.
 std::u16string DecodeTextFileBytes(std::string_view bytes);
 
 }  // namespace quilom::converter

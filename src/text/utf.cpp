@@ -67,13 +67,24 @@ std::u16string Utf8ToUtf16(std::string_view utf8) {
   return out;
 }
 
+std::optional<std::size_t> FirstInvalidUtf8(std::string_view utf8) {
+  constexpr std::string_view kEncodedReplacement = "\xEF\xBF\xBD";
+  size_t pos = 0;
+  while (pos < utf8.size()) {
+    const size_t start = pos;
+    if (DecodeOne(utf8, pos) == kReplacement && utf8.substr(start, pos - start) != kEncodedReplacement) {
+      return start;
+    }
+  }
+  return std::nullopt;
+}
+
 std::string Utf16ToUtf8(std::u16string_view utf16) {
   std::string out;
   out.reserve(utf16.size() * 3);
   for (size_t i = 0; i < utf16.size(); ++i) {
     const char16_t unit = utf16[i];
-    if (unit >= 0xD800 && unit <= 0xDBFF && i + 1 < utf16.size() && utf16[i + 1] >= 0xDC00 &&
-        utf16[i + 1] <= 0xDFFF) {
+    if (unit >= 0xD800 && unit <= 0xDBFF && i + 1 < utf16.size() && utf16[i + 1] >= 0xDC00 && utf16[i + 1] <= 0xDFFF) {
       AppendUtf8(out, 0x10000 + ((char32_t(unit) - 0xD800) << 10) + (utf16[i + 1] - 0xDC00));
       ++i;
     } else if (unit >= 0xD800 && unit <= 0xDFFF) {
@@ -85,8 +96,6 @@ std::string Utf16ToUtf8(std::u16string_view utf16) {
   return out;
 }
 
-std::u16string AsciiToUtf16(std::string_view ascii) {
-  return std::u16string(ascii.begin(), ascii.end());
-}
+std::u16string AsciiToUtf16(std::string_view ascii) { return std::u16string(ascii.begin(), ascii.end()); }
 
 }  // namespace quilom::text

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -11,6 +13,10 @@ namespace quilom::text {
 // values above U+10FFFF) decodes to U+FFFD, one per offending byte sequence, so that no input
 // is silently dropped and the damage stays visible.
 std::u16string Utf8ToUtf16(std::string_view utf8);
+
+// The offset of the first byte of the first sequence that is not valid UTF-8 (as above), or
+// nothing when every byte is valid. A literal U+FFFD in the input is valid.
+std::optional<std::size_t> FirstInvalidUtf8(std::string_view utf8);
 
 // A lone surrogate encodes as U+FFFD.
 std::string Utf16ToUtf8(std::u16string_view utf16);

@@ -1,9 +1,9 @@
 #include <gtest/gtest.h>
+#include <iconv.h>
 
 #include <algorithm>
 #include <memory>
 #include <regex>
-
 #include <sstream>
 #include <string>
 #include <vector>
@@ -11,6 +11,7 @@
 #include "cli/command.hpp"
 #include "converter/document_backends.hpp"
 #include "support/temp_folder.hpp"
+#include "text/utf.hpp"
 
 namespace quilom::cli {
 namespace {
@@ -86,6 +87,108 @@ TEST(ConvertCommand, RefusesWhatItCannotDoWithAClearMessage) {
   const CommandRun noFile = Convert({"--from", "Tscii", "--to", "Unicode", "/nonexistent/in.txt"});
   EXPECT_NE(noFile.status, 0);
   EXPECT_NE(noFile.err.find("cannot open"), std::string::npos);
+}
+
+// Legacy text is bytes: the Webulagam bytes of கோயில் happen to form valid UTF-8, and are
+// glyph codes all the same.
+TEST(ConvertCommand, LegacyInputIsReadAsBytesEvenWhenTheyFormValidUtf8) {
+  const CommandRun legacy = Convert({"--from", "Unicode", "--to", "Webulagam"}, "கோயில்");
+  ASSERT_EQ(legacy.status, 0) << legacy.err;
+  ASSERT_FALSE(text::FirstInvalidUtf8(legacy.out)) << "the case needs bytes that look like UTF-8";
+  const CommandRun back = Convert({"--from", "Webulagam", "--to", "Unicode"}, legacy.out);
+  EXPECT_EQ(back.status, 0) << back.err;
+  EXPECT_EQ(back.out, "கோயில்");
+}
+
+// What glibc writes for TSCII, read back by the command. glibc keeps Unicode's order for the
+// prefix signs of grantha letters (ஜெ as ஜ then ெ); where the next glyph cannot take the sign (a
+// dead consonant, ா, a blank) it can only belong to the letter before. Before a live consonant
+// the sign is that consonant's, as in every TSCII font: glibc's அபிஷேகம் shows as அபிஷகேம்.
+TEST(ConvertCommand, ReadsGlibcTsciiOfGranthaWords) {
+  const iconv_t toTscii = iconv_open("TSCII", "UTF-8");
+  if (toTscii == reinterpret_cast<iconv_t>(-1)) GTEST_SKIP() << "this C library has no TSCII converter";
+  std::string words = "ஹோட்டல் ஜெர்மனி க்ஷேத்திரம் ஜௌளி ஷோ ஜை";
+  std::string bytes(words.size() * 2, '\0');
+  char* in = words.data();
+  char* out = bytes.data();
+  std::size_t inLeft = words.size(), outLeft = bytes.size();
+  const std::size_t converted = iconv(toTscii, &in, &inLeft, &out, &outLeft);
+  iconv_close(toTscii);
+  ASSERT_NE(converted, static_cast<std::size_t>(-1));
+  bytes.resize(bytes.size() - outLeft);
+  const CommandRun run = Convert({"--from", "Tscii", "--to", "Unicode"}, bytes);
+  EXPECT_EQ(run.status, 0) << run.err;
+  EXPECT_EQ(run.out, words);
+}
+
+TEST(ConvertCommand, UnmappableCharactersStopTheRunAndNothingIsWritten) {
+  testing::TempFolder folder;
+  const std::string output = (folder / "out.txt").string();
+  const CommandRun run = Convert({"--from", "Unicode", "--to", "Tscii", "-o", output}, "விலை\nரூ ₹250 ₹5\n");
+  EXPECT_EQ(run.status, 1);
+  EXPECT_FALSE(std::filesystem::exists(output));
+  EXPECT_NE(run.err.find("2 characters cannot be written in Tscii"), std::string::npos) << run.err;
+  EXPECT_NE(run.err.find("\"₹\" (U+20B9) at line 2, column 4"), std::string::npos) << run.err;
+  EXPECT_NE(run.err.find("--unmappable"), std::string::npos) << run.err;
+}
+
+TEST(ConvertCommand, UnmappablePoliciesSkipReplaceOrKeepKnowingly) {
+  const std::string input = "கா ₹5";
+  const CommandRun skipped = Convert({"--from", "Unicode", "--to", "Tscii", "--unmappable", "skip"}, input);
+  EXPECT_EQ(skipped.status, 3);
+  EXPECT_EQ(skipped.out, "\xB8\xA1 5");
+  EXPECT_NE(skipped.err.find("warning: 1 character cannot be written in Tscii"), std::string::npos);
+
+  const CommandRun replaced = Convert({"--from", "Unicode", "--to", "Tscii", "--replacement", "#"}, input);
+  EXPECT_EQ(replaced.status, 3);
+  EXPECT_EQ(replaced.out, "\xB8\xA1 #5");
+
+  // Kept, the output cannot be bytes: it is the characters of the TSCII view, in UTF-8.
+  const CommandRun kept = Convert({"--from", "Unicode", "--to", "Tscii", "--unmappable", "keep"}, input);
+  EXPECT_EQ(kept.status, 3);
+  EXPECT_EQ(kept.out, "¸¡ ₹5");
+  EXPECT_NE(kept.err.find("output is UTF-8 text"), std::string::npos) << kept.err;
+
+  // Punctuation that the font draws a letter on is no less unmappable than a rupee sign.
+  const CommandRun pulli = Convert({"--from", "Unicode", "--to", "Bamini"}, "சரி;");
+  EXPECT_EQ(pulli.status, 1);
+  EXPECT_NE(pulli.err.find("\";\" (U+003B) at line 1, column 4"), std::string::npos) << pulli.err;
+}
+
+TEST(ConvertCommand, LegacyTextOptionReadsAndWritesTheFontView) {
+  const CommandRun view = Convert({"--from", "Unicode", "--to", "Tscii", "--legacy-text"}, "கா");
+  EXPECT_EQ(view.status, 0) << view.err;
+  EXPECT_EQ(view.out, "¸¡");
+  const CommandRun back = Convert({"--from", "Tscii", "--to", "Unicode", "--legacy-text"}, "\xEF\xBB\xBF" + view.out);
+  EXPECT_EQ(back.status, 0) << back.err;
+  EXPECT_EQ(back.out, "கா");
+}
+
+TEST(ConvertCommand, TextInputIsCheckedNeverGuessed) {
+  const CommandRun legacyAsUnicode = Convert({"--from", "Unicode", "--to", "Bamini"}, "ok\xC5\xBD\xEC");
+  EXPECT_EQ(legacyAsUnicode.status, 1);
+  EXPECT_NE(legacyAsUnicode.err.find("not valid UTF-8: byte 0xEC at offset 4"), std::string::npos)
+      << legacyAsUnicode.err;
+
+  const CommandRun markedLegacy = Convert({"--from", "Tscii", "--to", "Unicode"}, "\xFF\xFE\xB8\x00");
+  EXPECT_EQ(markedLegacy.status, 1);
+  EXPECT_NE(markedLegacy.err.find("--legacy-text"), std::string::npos) << markedLegacy.err;
+}
+
+TEST(ConvertCommand, PolicyWordsAreCheckedBeforeAnyWork) {
+  for (const std::vector<std::string>& words : std::vector<std::vector<std::string>>{
+           {"--unmappable", "ignore"},
+           {"--replacement", "ab"},
+           {"--unmappable", "skip", "--replacement", "#"},
+           {"--to", "Bamini", "--replacement", ";"},  // the replacement itself is a glyph code
+       }) {
+    std::vector<std::string> args = {"--from", "Unicode"};
+    if (words[0] != "--to") args.insert(args.end(), {"--to", "Tscii"});
+    args.insert(args.end(), words.begin(), words.end());
+    const CommandRun run = Convert(args, "₹");
+    EXPECT_EQ(run.status, 2) << words[1] << ": " << run.err;
+    EXPECT_EQ(run.out, "");
+  }
 }
 
 class FakeBackend final : public converter::DocumentBackend {
@@ -245,7 +348,8 @@ TEST_F(ConvertDocumentFonts, RefusesFontChoicesThatCannotHoldBeforeTouchingTheDo
     EXPECT_NE(run.err.find(c.message), std::string::npos) << run.err;
     EXPECT_EQ(Log().replaceAlls, 0u);
   }
-  const CommandRun noName = Convert({"--from", "Bamini", "--to", "Unicode", "letter.qrec", "-o", "x.qrec", "--legacy-font"});
+  const CommandRun noName =
+      Convert({"--from", "Bamini", "--to", "Unicode", "letter.qrec", "-o", "x.qrec", "--legacy-font"});
   EXPECT_EQ(noName.status, 2);
   EXPECT_NE(noName.err.find("--legacy-font needs a font name"), std::string::npos) << noName.err;
 }
