@@ -27,6 +27,7 @@ through the legacy-to-Unicode table; those that cannot are listed in the notes f
 
 import argparse
 import os
+import string
 import sys
 
 ROOT = os.path.abspath(os.path.join(os.path.dirname(__file__), '..', '..'))
@@ -73,6 +74,9 @@ CP1252_HIGH = {
     0x99: 0x2122, 0x9A: 0x0161, 0x9B: 0x203A, 0x9C: 0x0153, 0x9E: 0x017E, 0x9F: 0x0178,
 }
 
+# Every printable byte as the word processor shows it.
+LEGACY_CODES = [chr(CP1252_HIGH.get(b, b)) for b in range(0x21, 0x100) if b not in (0x7F, 0xA0)]
+
 VOWELS = [chr(c) for c in range(0x0B85, 0x0B95) if c not in (0x0B8B, 0x0B8C, 0x0B8D, 0x0B91)]
 CONSONANTS = [chr(c) for c in (0x0B95, 0x0B99, 0x0B9A, 0x0B9E, 0x0B9F, 0x0BA3, 0x0BA4, 0x0BA8, 0x0BAA,
                                0x0BAE, 0x0BAF, 0x0BB0, 0x0BB2, 0x0BB5, 0x0BB4, 0x0BB3, 0x0BB1, 0x0BA9,
@@ -86,6 +90,13 @@ IR_RI_REE = [RA + '\u0bcd', RA + '\u0bbf', RA + '\u0bc0']
 
 # Decomposed two-part vowel signs, made whole before a Unicode-to-legacy table looks for them.
 RECOMPOSE = [('\u0bc6\u0bbe', '\u0bca'), ('\u0bc7\u0bbe', '\u0bcb'), ('\u0bc6\u0bd7', '\u0bcc')]
+
+NUMERALS = [chr(c) for c in range(0x0BE6, 0x0BF3)]
+LONE_SIGNS = SIGNS[1:] + ['\u0bd7']
+# Printable ASCII: English words, digits and punctuation that Tamil prose carries along.
+ASCII = [chr(c) for c in range(0x21, 0x7F)]
+# What the walk of each encoding covers, by the name the notes give it.
+UNIT_KINDS = [('syllables', None), ('numerals', NUMERALS), ('signs', LONE_SIGNS), ('ASCII', ASCII)]
 
 QUOTES = ["'", '"', '\u2018', '\u2019', '\u201c', '\u201d']
 
@@ -113,28 +124,53 @@ def ShownAsWordProcessor(text):
     return ''.join(chr(LOOKALIKES.get(ord(c), CP1252_HIGH.get(ord(c), ord(c)))) for c in text)
 
 
+# TSCII's grantha letters (ஜ ஷ ஸ ஹ க்ஷ) by their byte's Windows-1252 character.
+TSCII_GRANTHA = {'\u0192': '\u0b9c', '\u201e': '\u0bb7', '\u2026': '\u0bb8', '\u2020': '\u0bb9',
+                 '\u2021': '\u0b95\u0bcd\u0bb7'}
+# TSCII 1.7's vowel-sign glyphs read alone (A1-A3, A6-A8, AA, and the two-part signs), as glibc
+# reads and writes them.
+TSCII_LONE_SIGNS = [('\u00a1', '\u0bbe'), ('\u00a2', '\u0bbf'), ('\u00a3', '\u0bc0'), ('\u00a6', '\u0bc6'),
+                    ('\u00a7', '\u0bc7'), ('\u00a8', '\u0bc8'), ('\u00aa', '\u0bd7'),
+                    ('\u00a6\u00a1', '\u0bca'), ('\u00a7\u00a1', '\u0bcb'), ('\u00a6\u00aa', '\u0bcc'),
+                    ('\u00a7\u00aa', '\u0bcc')]
+
+
 def TsciiAlternatives(rows):
-    """Forms other TSCII writers use (glibc's converter among them): ௌ with the ே glyph in front
-    (A7 ... AA), and ஸு, ஸூ, ஹு, ஹூ as the dead consonant's glyph (8A, 8B) with the sign."""
+    """Forms other TSCII writers use (glibc's converter among them), read as well as TSCII 1.7's
+    own: ௌ with the ே glyph in front (A7 ... AA); ஸு, ஸூ, ஹு, ஹூ as the dead consonant's glyph
+    (8A, 8B) with the sign; a grantha letter's prefix sign written after the letter (glibc writes
+    ஜெ as 83 A6, ஜொ as 83 A6 A1); the vowel-sign glyphs alone; ௦ at 80, which the facts lack."""
     extra = []
     for legacy, uni in rows:
         if uni.endswith('\u0bcc') and legacy.startswith('\u00a6') and legacy.endswith('\u00aa'):
             extra.append(('\u00a7' + legacy[1:], uni))
     for dead, consonant in (('\u0160', '\u0bb8'), ('\u2039', '\u0bb9')):
         extra += [(dead + '\u00a4', consonant + '\u0bc1'), (dead + '\u00a5', consonant + '\u0bc2')]
-    return extra
+    for glyph, letter in TSCII_GRANTHA.items():
+        extra += [(glyph + '\u00a6\u00a1', letter + '\u0bca'), (glyph + '\u00a7\u00a1', letter + '\u0bcb'),
+                  (glyph + '\u00a7\u00aa', letter + '\u0bcc'), (glyph + '\u00a6\u00aa', letter + '\u0bcc'),
+                  (glyph + '\u00a6', letter + '\u0bc6'), (glyph + '\u00a7', letter + '\u0bc7'),
+                  (glyph + '\u00a8', letter + '\u0bc8')]
+    return extra + TSCII_LONE_SIGNS + [('\u20ac', '\u0be6')]
 
 
 REGEX_SPECIAL = set('\\+*?.()[]{}|^$')
 
 
-def Unescape(legacy):
+# Facts files that escaped every symbol, not only those a regular expression treats as special:
+# Dinakaran's five backslashed codes (\/ \% \~ \= and $\%) are its comma, the ு glyph, ளூ,
+# ழூ and ஜு, and no other mapping of it holds a backslash.
+ESCAPES_EVERY_SYMBOL = {'dinakaran'}
+
+
+def Unescape(legacy, everySymbol=False):
     """Some facts were copied from regular expressions: a backslash before a character that a
     regular expression treats as special is no glyph of the font."""
     out = []
     i = 0
     while i < len(legacy):
-        if legacy[i] == '\\' and i + 1 < len(legacy) and legacy[i + 1] in REGEX_SPECIAL:
+        if legacy[i] == '\\' and i + 1 < len(legacy) and (
+                legacy[i + 1] in REGEX_SPECIAL or (everySymbol and legacy[i + 1] in string.punctuation)):
             i += 1
         out.append(legacy[i])
         i += 1
@@ -147,14 +183,31 @@ def Unescape(legacy):
 FIXES = {
     # Like Bamini, 'h' is the ா glyph and ';' the pulli; the facts give them as பா and ப்.
     # 'p' and 'P' are the ி and ீ signs (fp is கி, fP is கீ).
+    # '/' is the comma, given as a two-stage mapping ('/' to '0000' to ',') that the longest-first
+    # order breaks and that would turn the digits 0000 into a comma.
     'dinakaran': [('h', '\u0baa\u0bbe', '\u0bbe'), (';', '\u0baa\u0bcd', '\u0bcd'),
-                  ('p', '\u0baa\u0bbf', '\u0bbf'), ('P', '\u0baa\u0bc0', '\u0bc0')],
+                  ('p', '\u0baa\u0bbf', '\u0bbf'), ('P', '\u0baa\u0bc0', '\u0bc0'),
+                  ('/', '0000', ','), ('0000', ',', None)],
     # As in its siblings, 'h' is the ா glyph (fh is கா), not பா.
     'murasoli': [('h', '\u0baa\u0bbe', '\u0bbe')],
     # 'û' is the ை prefix glyph (ûL is கை, ûb is க்ஷை), not க்ஷ.
-    'kavipriya': [('\u00fb', '\u0b95\u0bcd\u0bb7', '\u0bc8')],
+    # '"' is the double quote, which the facts make a single one.
+    'kavipriya': [('\u00fb', '\u0b95\u0bcd\u0bb7', '\u0bc8'), ('"', "'", None)],
     # 'Ø' is the ெ prefix glyph (ØB is யெ, ØðV is ணொ), never ய; so ØBV is யொ.
     'pallavar': [('\u00d8', '\u0baf', None), ('\u00d8BV', '\u0baf', '\u0baf\u0bca')],
+    # '-' is the hyphen, which the facts delete ('&' is the font's other hyphen glyph).
+    'libi': [('-', '', None)],
+    # The ௌ length mark is AA, as in every other ௌ syllable; C7 is ள.
+    'tscii': [('\u00a6\u2021\u00c7', '\u0b95\u0bcd\u0bb7\u0bcc', None)],
+    # The prefix ெ glyph, ள and the ா glyph are ளொ, as for every other consonant.
+    'tam': [('\u00aa\u00f7\u00a3', '\u0bb3', '\u0bb3\u0bca'), ('\u0192', '\u2018', None)],
+}
+
+# Mappings the facts lack, by facts file, each checked against a font that draws the encoding.
+ADDITIONS = {
+    # TAMu fonts draw ங் at byte 83 (ƒ): hb-shape gives their glyph "florin" for ங்.
+    'tam': [('\u0192', '\u0b99\u0bcd')],
+    'tscii': [('\u00a6\u2021\u00aa', '\u0b95\u0bcd\u0bb7\u0bcc')],
 }
 
 
@@ -180,7 +233,7 @@ def ReadFacts(factsDir, name):
                 continue
             fields = line.rstrip('\n').split('\t')
             legacy, uni = (fields[1], fields[0]) if name == 'stmzh' else (fields[0], fields[1])
-            legacy = Unescape(legacy)
+            legacy = Unescape(legacy, name in ESCAPES_EVERY_SYMBOL)
             rows.append((legacy, uni))
     return rows
 
@@ -318,8 +371,22 @@ class Encoding:
                         composed.append(p + b + q)
         return composed
 
+    def PunctuationPairs(self):
+        """ASCII characters whose code the font gives to a Tamil glyph are written where the font
+        keeps them instead (Bamini's comma is '>'), where it has such a place. Each pair finds one
+        character and comes before every Tamil pair, so nothing converts its output again."""
+        pairs = []
+        for mark in ASCII:
+            if self.Decode(mark) == mark:
+                continue
+            places = [c for c in self.candidates.get(mark, []) if len(c) == 1 and self.Decode(c) == mark]
+            places += [c for c in LEGACY_CODES if c != mark and self.Decode(c) == mark]
+            if places:
+                pairs.append((mark, places[0]))
+        return pairs
+
     def ToLegacyPairs(self, irRiRee):
-        pairs = list(RECOMPOSE)
+        pairs = self.PunctuationPairs() + list(RECOMPOSE)
         units = Syllables() + [u for u in self.candidates if IsTamil(u) and u not in Syllables()]
         chosen = []
         for order, unit in enumerate(units):
@@ -341,15 +408,56 @@ def NormalQuotePairs(encoding):
     return pairs
 
 
-def RoundTripFailures(encoding, toLegacy):
-    """Syllables the whole table leaves (partly) in Tamil, or that do not come back. A syllable
-    with no glyph of its own may still be carried by its parts (க்ஷ as க் and ஷ)."""
+def WalkFailures(encoding, toLegacy, units):
+    """Units the whole table leaves (partly) in Tamil, or that do not come back. A syllable with
+    no glyph of its own may still be carried by its parts (க்ஷ as க் and ஷ)."""
     failures = []
-    for syllable in Syllables():
-        legacy = ReplaceAllInOrder(syllable, toLegacy)
-        if IsTamil(legacy) or encoding.Decode(legacy) != syllable:
-            failures.append(syllable)
+    for unit in units:
+        legacy = ReplaceAllInOrder(unit, toLegacy)
+        if IsTamil(legacy) or encoding.Decode(legacy) != unit:
+            failures.append(unit)
     return failures
+
+
+def GapLines(failures):
+    """The notes' lines of what a walk lost. The converter's tests read them back: every item
+    ends with its code points in brackets."""
+    lines = []
+    for kind, _ in UNIT_KINDS:
+        label = 'cannot carry' if kind == 'syllables' else 'cannot carry %s' % kind
+        if failures[kind]:
+            lines.append('  %s: %s' % (label, ', '.join('%s (%s)' % (u, Hex(u)) for u in failures[kind])))
+    if not any(failures.values()):
+        lines.append('  carries every syllable, numeral, sign and ASCII character.')
+    return lines
+
+
+# What ordinary prose holds besides Tamil: digits and the common punctuation.
+PROSE_MARKS = '0123456789.,;:!?\'"()-/%'
+
+
+def SummaryRow(name, failures):
+    cells = [name]
+    for kind, units in UNIT_KINDS:
+        total = len(units or Syllables())
+        cells.append('%d/%d' % (total - len(failures[kind]), total))
+    lostMarks = ''.join(m for m in PROSE_MARKS if m in failures['ASCII'])
+    lostLetters = sum(1 for u in failures['ASCII'] if u.isalpha())
+    cells.append(lostMarks or '-')
+    cells.append('%d of 52' % lostLetters if lostLetters else '-')
+    return cells
+
+
+def SummaryTable(rows):
+    header = ['Encoding'] + [kind for kind, _ in UNIT_KINDS] + ['prose loses', 'English letters lost']
+    widths = [max(len(r[i]) for r in [header] + rows) + 2 for i in range(len(header))]
+    lines = ['What each encoding holds: units that come back from Unicode to the encoding and back',
+             '(the same as the lists under each encoding below). A round trip of prose gives it back but for',
+             'the digits and punctuation under "prose loses" and, in English words, the letters the font',
+             'keeps Tamil glyphs under.']
+    for row in [header] + rows:
+        lines.append('  ' + ''.join(cell.ljust(width) for cell, width in zip(row, widths)).rstrip())
+    return lines
 
 
 def TableText(pairs):
@@ -383,9 +491,10 @@ def main():
         '  151 + p  legacy to Unicode; the font\'s quotes are kept as they are ("decorative quotes")',
         '  202 + p  Unicode to legacy; ர், ரி, ரீ in the font\'s separate glyphs where it has them ("IrRiRee Form")',
         '  253 + p  Unicode to legacy; ர், ரி, ரீ written with the plain ர glyph and the sign',
-        'Unicode-to-legacy tables convert Tamil letters only: punctuation, digits and Latin text pass as they are,',
-        'so in fonts that keep Tamil glyphs under ASCII punctuation (Bamini and its kin: "," is இ, ";" the pulli)',
-        'such punctuation reads as Tamil afterwards. Decomposed vowel signs (U+0BC6 U+0BBE...) are joined first.',
+        'Unicode-to-legacy tables convert Tamil letters, and the ASCII characters whose code the font gives to a',
+        'Tamil glyph where the font keeps them elsewhere (Bamini\'s comma is ">"): those pairs find one character',
+        'each and come first. Other ASCII passes as it is; what then reads back as Tamil is listed under',
+        '"cannot carry ASCII". Decomposed vowel signs (U+0BC6 U+0BBE...) are joined first.',
         'QuilomPlus-LegacyQuotes.txt: line p holds the quote characters of encoding p (those its glyphs leave',
         'free), separated by five blanks.',
         '',
@@ -394,14 +503,20 @@ def main():
         '',
         'TSCII is checked against glibc\'s TSCII 1.7 converter in both directions. glibc writes the prefix vowel',
         'signs of the grantha letters (ஜெ, ஷோ...) after the letter, in Unicode\'s order; fonts need them in front,',
-        'as these tables write them, so those syllables differ from glibc\'s bytes on purpose. glibc\'s own forms',
-        '(A7 ... AA for ௌ, 8A and 8B with the u signs) are read as well.',
+        'as these tables write them, so glibc reads our ஜெ as ெஜ. We read glibc\'s order too (83 A6 is ஜெ), but',
+        'where the letter, a prefix-sign glyph and a consonant follow each other (84 A7 B8) the standard\'s reading',
+        '(ஷ கே) wins over glibc\'s (ஷே க), since text written the standard\'s way holds that order. glibc\'s other',
+        'forms (A7 ... AA for ௌ, 8A and 8B with the u signs) and the vowel-sign glyphs alone are read as well.',
         '',
     ]
     quoteLines = []
+    summary, sections = [], []
     for position, (name, facts, _, _) in enumerate(ENCODINGS, start=1):
         fixNotes = []
         rows = ApplyFixes(facts, ReadFacts(args.facts, facts), fixNotes)
+        for legacy, uni in ADDITIONS.get(facts, []):
+            fixNotes.append('added to the facts: %r is %s (%s)' % (legacy, uni, Hex(uni)))
+            rows.append((legacy, uni))
         if facts == 'tscii':
             rows += TsciiAlternatives(rows)
         encoding = Encoding(name, rows)
@@ -409,24 +524,28 @@ def main():
         normal = encoding.toUnicode + NormalQuotePairs(encoding)
         WriteUtf16(os.path.join(tablesDir, '%d.txt' % (100 + position)), TableText(normal))
         WriteUtf16(os.path.join(tablesDir, '%d.txt' % (151 + position)), TableText(encoding.toUnicode))
-        problems = []
+        failures = {kind: [] for kind, _ in UNIT_KINDS}
         for base, irRiRee in ((202, True), (253, False)):
             pairs = encoding.ToLegacyPairs(irRiRee)
             WriteUtf16(os.path.join(tablesDir, '%d.txt' % (base + position)), TableText(pairs))
-            for syllable in RoundTripFailures(encoding, pairs):
-                if syllable not in problems:
-                    problems.append(syllable)
+            for kind, units in UNIT_KINDS:
+                for unit in WalkFailures(encoding, pairs, units or Syllables()):
+                    if unit not in failures[kind]:
+                        failures[kind].append(unit)
         quoteLines.append('     '.join(encoding.quotes))
-        notes.append('%s (list position %d, tables %d, %d, %d, %d):' % (name, position, 100 + position,
-                                                                        151 + position, 202 + position,
-                                                                        253 + position))
-        if problems:
-            notes.append('  cannot carry: ' + ', '.join('%s (%s)' % (s, Hex(s)) for s in problems))
-        else:
-            notes.append('  carries every syllable.')
-        notes += ['  ' + n for n in encoding.notes]
-        notes.append('')
+        summary.append(SummaryRow(name, failures))
+        sections.append('%s (list position %d, tables %d, %d, %d, %d):' % (name, position, 100 + position,
+                                                                          151 + position, 202 + position,
+                                                                          253 + position))
+        sections += GapLines(failures)
+        moved = encoding.PunctuationPairs()
+        if moved:
+            sections.append('  writes ASCII at the font\'s own places for it: ' +
+                            ', '.join('%s as %s' % (mark, place) for mark, place in moved))
+        sections += ['  ' + n for n in encoding.notes]
+        sections.append('')
 
+    notes += SummaryTable(summary) + [''] + sections
     names = ['Unicode'] + [e[0] for e in ENCODINGS]
     patterns = ['Arial Unicode MS, Latha, Nirmala UI, Vijaya'] + [', '.join(e[2]) for e in ENCODINGS]
     defaults = ['Latha'] + [e[3] for e in ENCODINGS]
