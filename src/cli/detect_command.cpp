@@ -6,9 +6,9 @@
 
 #include "cli/cli_io.hpp"
 #include "cli/command.hpp"
+#include "cli/exit_codes.hpp"
 #include "converter/converter_lists.hpp"
 #include "converter/encoding_detector.hpp"
-#include "converter/legacy_bytes.hpp"
 #include "settings/data_folders.hpp"
 #include "text/utf.hpp"
 
@@ -24,30 +24,8 @@ std::string Percent(double fraction) {
   return buffer;
 }
 
-int RunDetect(CommandContext& ctx) {
-  const ParsedArgs parsed = ParseArgs(ctx.args, {}, {"--all"});
-  if (!parsed.error.empty() || parsed.positional.size() > 1) {
-    ctx.err << "quilom detect: " << (parsed.error.empty() ? "give at most one input file" : parsed.error) << "\n";
-    return 2;
-  }
-  const std::optional<std::string> bytes =
-      ReadInputBytes(ctx, parsed.positional.empty() ? "" : parsed.positional[0], kName);
-  if (!bytes) {
-    return 1;
-  }
-  const auto folder = settings::DataFolders::ForDataRoot(ctx.dataRoot).ModuleDataFolder(converter::kConverterModule);
-  const converter::EncodingDetector detector = converter::EncodingDetector::Load(folder);
-  if (detector.EncodingCount() == 0) {
-    ctx.err << "quilom detect: no conversion tables found in " << folder.string() << "\n";
-    return 1;
-  }
-  const std::vector<converter::EncodingGuess> guesses = detector.Rank(converter::DecodeTextFileBytes(*bytes));
-  if (!converter::ReadsAsTamil(guesses.front())) {
-    ctx.err << "quilom detect: the text does not read as Tamil in any legacy encoding we know\n";
-    return 1;
-  }
-  // Encodings that read the text alike are named together, once, with their joint confidence.
-  const std::size_t wanted = parsed.flags.count("--all") ? guesses.size() : kRunnersUp + 1;
+// Encodings that read the text alike are named together, once, with their joint confidence.
+void PrintGuesses(CommandContext& ctx, const std::vector<converter::EncodingGuess>& guesses, std::size_t wanted) {
   std::set<std::u16string> named;
   std::size_t lines = 0;
   for (const converter::EncodingGuess& guess : guesses) {
@@ -63,14 +41,38 @@ int RunDetect(CommandContext& ctx) {
       ctx.out << "  then " << name << " (" << Percent(guess.familyConfidence) << ")\n";
     }
   }
-  return 0;
+}
+
+int RunDetect(CommandContext& ctx) {
+  const ParsedArgs parsed = ParseArgs(ctx.args, {}, {"--all"});
+  if (!parsed.error.empty() || parsed.positional.size() > 1) {
+    ctx.err << "quilom detect: " << (parsed.error.empty() ? "give at most one input file" : parsed.error) << "\n";
+    return kExitUsage;
+  }
+  const std::optional<std::string> bytes =
+      ReadInputBytes(ctx, parsed.positional.empty() ? "" : parsed.positional[0], kName);
+  if (!bytes) return kExitFailed;
+  const auto folder = settings::DataFolders::ForDataRoot(ctx.dataRoot).ModuleDataFolder(converter::kConverterModule);
+  const converter::EncodingDetector detector = converter::EncodingDetector::Load(folder);
+  if (detector.EncodingCount() == 0) {
+    ctx.err << "quilom detect: no conversion tables found in " << folder.string() << "\n";
+    return kExitFailed;
+  }
+  const converter::Detection detection = detector.Detect(*bytes);
+  if (detection.kind != converter::TextKind::LegacyTamil) {
+    ctx.out << "Not legacy Tamil: " << converter::DescribeTextKind(detection.kind) << "\n";
+    return kExitNotLegacyTamil;
+  }
+  PrintGuesses(ctx, detection.guesses, parsed.flags.count("--all") ? detection.guesses.size() : kRunnersUp + 1);
+  return kExitDone;
 }
 
 const RegisterCommand registration({
     kName,
     "detect [FILE] [--all]",
     "Name the legacy Tamil font encoding a text most likely uses, with a confidence; encodings that read the text "
-    "alike are named together (--all: every encoding)",
+    "alike are named together (--all: every encoding); English, Unicode Tamil, UTF-16 and binary input are named as "
+    "such, with exit status 4",
     RunDetect,
 });
 

@@ -5,6 +5,8 @@
 
 #include "converter/convert_checks.hpp"
 #include "converter/encoding_list.hpp"
+#include "converter/english_likeness.hpp"
+#include "converter/legacy_bytes.hpp"
 
 namespace quilom::converter {
 namespace {
@@ -24,6 +26,11 @@ constexpr double kDeadShareFrom = 15;  // consonants, before the share is truste
 constexpr double kLeastDeadShare = 0.08;
 constexpr double kFewDeadPenalty = 0.5;
 constexpr double kTamilFloor = 0.8;
+// English prose scores 0.8 and more; legacy Tamil read as English rarely 0.3. A tie goes to
+// English: with 25 encodings to try, some reads almost any short English text as flawless
+// Tamil, while legacy Tamil, with its capitals and punctuation inside words, seldom reads as
+// English at all.
+constexpr double kEnglishFloor = 0.5;
 // How sharply a score lead turns into confidence, per letter of the text.
 constexpr double kSharpness = 0.6;
 
@@ -56,9 +63,9 @@ struct ClusterRule {
 };
 
 constexpr ClusterRule kClusterRules[] = {
-    {u'க', u"க", false},    {u'ங', u"க", false},        {u'ச', u"ச", false},      {u'ஞ', u"சஞ", false},
-    {u'ட', u"டகசப", false}, {u'ண', u"டணகசபமயவ", true},  {u'த', u"த", false},      {u'ந', u"தந", false},
-    {u'ப', u"ப", false},    {u'ம', u"பமகசதநயவ", true},  {u'ய', u"", true},        {u'ர', u"", true},
+    {u'க', u"க", true},     {u'ங', u"க", false},        {u'ச', u"ச", true},       {u'ஞ', u"சஞ", false},
+    {u'ட', u"டகசப", false}, {u'ண', u"டணகசபமயவ", true},  {u'த', u"த", true},       {u'ந', u"தந", false},
+    {u'ப', u"ப", true},     {u'ம', u"பமகசதநயவ", true},  {u'ய', u"", true},        {u'ர', u"", true},
     {u'ழ', u"", true},      {u'ல', u"கசபலயவம", true},   {u'ள', u"கசபளயவம", true}, {u'வ', u"வ", false},
     {u'ற', u"றகசப", false}, {u'ன', u"றனகசபமயவத", true},
 };
@@ -168,16 +175,26 @@ std::u16string_view Sample(std::u16string_view text, std::size_t limit) {
   return text.substr(0, cut == std::u16string_view::npos || cut == 0 ? limit : cut);
 }
 
-void AssignConfidence(std::vector<EncodingGuess>& guesses, double letters) {
+// The softmax runs over families (guesses of one score that read the text alike), each family
+// counted once; its members share its confidence equally.
+void AssignConfidence(std::vector<EncodingGuess>& guesses, const std::vector<std::size_t>& family, std::size_t families,
+                      double letters) {
   if (guesses.empty()) return;
   const double best = guesses.front().score;
   const double sharpness = kSharpness * std::max(letters, 1.0);
+  std::vector<double> weight(families, 0);
+  std::vector<std::size_t> members(families, 0);
   double sum = 0;
-  for (EncodingGuess& guess : guesses) {
-    guess.confidence = std::exp((guess.score - best) * sharpness);
-    sum += guess.confidence;
+  for (std::size_t i = 0; i < guesses.size(); ++i) {
+    if (members[family[i]]++ == 0) {
+      weight[family[i]] = std::exp((guesses[i].score - best) * sharpness);
+      sum += weight[family[i]];
+    }
   }
-  for (EncodingGuess& guess : guesses) guess.confidence /= sum;
+  for (std::size_t i = 0; i < guesses.size(); ++i) {
+    guesses[i].familyConfidence = weight[family[i]] / sum;
+    guesses[i].confidence = guesses[i].familyConfidence / static_cast<double>(members[family[i]]);
+  }
 }
 
 // How many syllables of the script come back through the encoding's two tables.
@@ -269,16 +286,40 @@ std::vector<EncodingGuess> EncodingDetector::Rank(std::u16string_view text, std:
   });
   std::vector<EncodingGuess> sorted;
   for (const std::size_t i : order) sorted.push_back(guesses[i]);
-  AssignConfidence(sorted, letters);
+  // Families are numbered in rank order, so the first guess is of family 0.
+  std::vector<std::size_t> family(order.size(), order.size());
+  std::size_t families = 0;
   for (std::size_t a = 0; a < order.size(); ++a) {
-    sorted[a].familyConfidence = sorted[a].confidence;
+    if (family[a] == order.size()) family[a] = families++;
+    for (std::size_t b = a + 1; b < order.size(); ++b) {
+      if (sorted[a].score == sorted[b].score && readings[order[a]] == readings[order[b]]) family[b] = family[a];
+    }
+  }
+  AssignConfidence(sorted, family, families, letters);
+  for (std::size_t a = 0; a < order.size(); ++a) {
     for (std::size_t b = 0; b < order.size(); ++b) {
-      if (a == b || sorted[a].score != sorted[b].score || readings[order[a]] != readings[order[b]]) continue;
-      sorted[a].alike.push_back(sorted[b].name);
-      sorted[a].familyConfidence += sorted[b].confidence;
+      if (a != b && family[a] == family[b]) sorted[a].alike.push_back(sorted[b].name);
     }
   }
   return sorted;
+}
+
+Detection EncodingDetector::Detect(std::string_view bytes, std::size_t sampleLimit) const {
+  Detection detection;
+  if (const std::optional<TextKind> kind = SniffBytes(bytes)) {
+    detection.kind = *kind;
+    return detection;
+  }
+  const std::u16string text = DecodeTextFileBytes(bytes);
+  detection.guesses = Rank(text, sampleLimit);
+  detection.englishLikeness = EnglishLikeness(Sample(text, sampleLimit));
+  const double tamil = detection.guesses.empty() ? 0.0 : detection.guesses.front().score;
+  if (detection.englishLikeness >= kEnglishFloor && detection.englishLikeness >= tamil) {
+    detection.kind = TextKind::English;
+  } else if (detection.guesses.empty() || !ReadsAsTamil(detection.guesses.front())) {
+    detection.kind = TextKind::Unknown;
+  }
+  return detection;
 }
 
 // Only for candidates that read the text exactly as another does: elsewhere the score decides.

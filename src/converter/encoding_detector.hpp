@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "converter/pair_replacer.hpp"
+#include "converter/text_sniffing.hpp"
 
 // Guesses which legacy encoding a text is in.
 //
@@ -18,7 +19,8 @@
 // over). Encodings that share most glyph codes differ in the few that they do not share, and
 // those few break the syllables of the wrong guess. The confidence of a guess is its share of
 // the scores' softmax, sharpened by the length of the text: a paragraph settles what a word
-// cannot.
+// cannot. Confidence goes to distinct readings, not to encodings: the encodings of a family
+// share one reading's confidence, so a better reading is always the more confident one.
 namespace quilom::converter {
 
 struct EncodingGuess {
@@ -38,6 +40,14 @@ struct EncodingGuess {
 // "Anjal, Anu or Tab" for a family of encodings that read the text alike.
 std::u16string FamilyName(const EncodingGuess& guess);
 
+// What a file holds; `guesses` (best first, as Rank gives them) are filled whenever the text was
+// read through the tables: for legacy Tamil, English and text of no kind we know.
+struct Detection {
+  TextKind kind = TextKind::LegacyTamil;
+  std::vector<EncodingGuess> guesses;
+  double englishLikeness = 0;
+};
+
 class EncodingDetector {
  public:
   // Loads the legacy-to-Unicode table (normal quotes) of every legacy encoding of the list.
@@ -52,6 +62,11 @@ class EncodingDetector {
   // into exactly the text, then fewer of the text's codes that the encoding reads but its own
   // tables never write (a document holds the codes its encoding produces).
   std::vector<EncodingGuess> Rank(std::u16string_view text, std::size_t sampleLimit = 1u << 16) const;
+
+  // A file's bytes, told apart first from what is plainly not legacy Tamil (UTF-16, binary
+  // data, Unicode Tamil, nothing at all), then read: English when it reads at least as well as
+  // English as the best legacy reading reads as Tamil.
+  Detection Detect(std::string_view bytes, std::size_t sampleLimit = 1u << 16) const;
 
   std::size_t EncodingCount() const { return candidates_.size(); }
 

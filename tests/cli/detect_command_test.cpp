@@ -1,10 +1,12 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <sstream>
 #include <string>
 #include <vector>
 
 #include "cli/command.hpp"
+#include "cli/exit_codes.hpp"
 #include "converter/encoding_list.hpp"
 #include "support/temp_folder.hpp"
 #include "text/utf.hpp"
@@ -65,11 +67,67 @@ TEST(DetectCommand, NamesEncodingsThatReadTheTextAlikeTogether) {
       << detected.out;
 }
 
-TEST(DetectCommand, SaysSoWhenNothingReadsAsTamil) {
-  const CommandRun run =
-      Quilom({"detect"}, "Just a plain English sentence, with nothing Tamil about it at all, none whatsoever.");
-  EXPECT_NE(run.status, 0);
-  EXPECT_NE(run.err.find("does not read as Tamil"), std::string::npos) << run.err;
+TEST(DetectCommand, NamesWhatIsNotLegacyTamilWithStatusFour) {
+  struct Row {
+    std::string input;
+    const char* named;
+  };
+  const Row rows[] = {
+      {"Hello world", "English text"},
+      {"Just a plain English sentence, with nothing Tamil about it at all.", "English text"},
+      {kParagraph, "Unicode Tamil text (UTF-8)"},
+      {testing::Utf16LeWithMark(text::Utf8ToUtf16(kParagraph)), "UTF-16 text"},
+      {std::string("\x7F"
+                   "ELF\x02\x01\x01\0\0\0\0\0",
+                   12),
+       "binary data"},
+      {"", "empty input"},
+  };
+  for (const Row& row : rows) {
+    const CommandRun run = Quilom({"detect"}, row.input);
+    EXPECT_EQ(run.status, kExitNotLegacyTamil) << row.named;
+    EXPECT_EQ(run.out, std::string("Not legacy Tamil: ") + row.named + "\n");
+  }
+}
+
+TEST(DetectCommand, ShortLegacyTextIsStillNamed) {
+  for (const std::string sentence : {"எங்கள் ஊரில் ஒரு பெரிய குளம் இருக்கிறது.", "அம்மா", "வணக்கம்"}) {
+    const CommandRun legacy = Quilom({"convert", "--from", "Unicode", "--to", "Bamini"}, sentence);
+    ASSERT_EQ(legacy.status, 0) << legacy.err;
+    const CommandRun detected = Quilom({"detect"}, legacy.out);
+    EXPECT_EQ(detected.status, kExitDone) << detected.out;
+    EXPECT_NE(detected.out.find("Bamini"), std::string::npos) << detected.out;
+  }
+}
+
+// The percentages printed, line by line.
+std::vector<double> Confidences(const std::string& out) {
+  std::vector<double> percents;
+  for (std::size_t at = out.find("%)"); at != std::string::npos; at = out.find("%)", at + 1)) {
+    percents.push_back(std::stod(out.substr(out.find_last_not_of("0123456789.", at - 1) + 1)));
+  }
+  return percents;
+}
+
+// The first line's confidence is the highest printed: a family of encodings that read a text
+// alike never outweighs a better reading.
+TEST(DetectCommand, NoRunnerUpShowsMoreConfidenceThanTheFirst) {
+  for (const std::string encoding : {"Softview", "Kavipriya", "Pallavar", "Dinakaran", "Vanavil"}) {
+    for (const std::string& text : {kParagraph, std::string("அது நிறைந்து வழியும்.")}) {
+      const CommandRun legacy = Quilom({"convert", "--from", "Unicode", "--to", encoding}, text);
+      const CommandRun detected = Quilom({"detect", "--all"}, legacy.out);
+      ASSERT_EQ(detected.status, kExitDone) << encoding << detected.out;
+      const std::vector<double> percents = Confidences(detected.out);
+      ASSERT_GE(percents.size(), 5u) << detected.out;
+      EXPECT_TRUE(std::is_sorted(percents.rbegin(), percents.rend())) << encoding << ":\n" << detected.out;
+    }
+  }
+}
+
+TEST(DetectCommand, UsageAndUnreadableInputHaveTheirOwnStatus) {
+  EXPECT_EQ(Quilom({"detect", "a", "b"}).status, kExitUsage);
+  EXPECT_EQ(Quilom({"detect", "--bogus"}).status, kExitUsage);
+  EXPECT_EQ(Quilom({"detect", "/no/such/file.txt"}).status, kExitFailed);
 }
 
 }  // namespace
