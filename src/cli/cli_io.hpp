@@ -1,9 +1,11 @@
 #pragma once
 
+#include <functional>
 #include <map>
 #include <optional>
 #include <set>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "cli/command.hpp"
@@ -24,8 +26,19 @@ ParsedArgs ParseArgs(const std::vector<std::string>& args, const std::set<std::s
                      const std::set<std::string>& flagOptions = {});
 
 // The whole input: the named file, or standard input for "" and "-". On failure writes a
-// message naming the file to ctx.err and returns nothing.
+// message naming the file and the system's reason to ctx.err and returns nothing.
 std::optional<std::string> ReadInputBytes(CommandContext& ctx, const std::string& file, const std::string& command);
+
+// The input (as above) read as Unicode text in pieces of bounded size (UTF-8 with or without
+// its mark, UTF-16 with its mark; see text/text_input.hpp), each decoded piece handed to
+// `piece` as it comes. Invalid input stops the reading with a message naming the byte offset.
+// Returns false after a message on ctx.err.
+bool ReadTextPieces(CommandContext& ctx, const std::string& file, const std::string& command,
+                    const std::function<void(std::u16string_view)>& piece);
+
+// Writes to standard output and flushes; a failed write (a full disk, a closed pipe) is reported
+// with the system's reason and returns false.
+bool WriteStandardOutput(CommandContext& ctx, std::string_view bytes, const std::string& command);
 
 // Writes to the named file through a temporary beside it (an interrupted run never leaves a
 // half-written output), or to standard output for "" and "-".

@@ -4,9 +4,10 @@
 
 #include "cli/cli_io.hpp"
 #include "cli/command.hpp"
+#include "cli/exit_codes.hpp"
 #include "settings/data_folders.hpp"
+#include "shell/keyboard_typist.hpp"
 #include "text/utf.hpp"
-#include "tools/auto_transliteration.hpp"
 #include "translit/engine.hpp"
 #include "translit/keymap_file.hpp"
 #include "translit/keymap_resolution.hpp"
@@ -55,40 +56,46 @@ std::optional<LoadedKeymap> LoadKeymap(CommandContext& ctx, const std::u16string
   return std::nullopt;
 }
 
+constexpr const char* kUsage = "translit [--keymap NAME] [--keep-backquoted] [FILE]";
+
+// The text is typed as a person types it with typing on (see shell/keyboard_typist.hpp), so
+// the command gives what live typing gives, key for key, and streams: what no later key can
+// change is written at once.
 int RunTranslit(CommandContext& ctx) {
-  const auto args = ParseArgs(ctx.args, {"--keymap"});
+  const auto args = ParseArgs(ctx.args, {"--keymap"}, {"--keep-backquoted"});
   if (!args.error.empty() || args.positional.size() > 1) {
-    ctx.err << "quilom translit: " << (args.error.empty() ? "too many files" : args.error)
-            << "\nusage: quilom translit [--keymap NAME] [FILE]\n";
-    return 2;
+    ctx.err << "quilom translit: " << (args.error.empty() ? "too many files" : args.error) << "\nusage: quilom "
+            << kUsage << "\n";
+    return kExitUsage;
   }
   const auto keymapOption = args.values.find("--keymap");
   const std::u16string scheme =
       keymapOption == args.values.end() ? std::u16string(kDefaultKeymap) : text::Utf8ToUtf16(keymapOption->second);
   const auto keymap = LoadKeymap(ctx, scheme);
-  if (!keymap) return 1;
+  if (!keymap) return kExitFailed;
 
-  const std::string file = args.positional.empty() ? "" : args.positional[0];
-  const auto bytes = ReadInputBytes(ctx, file, kCommand);
-  if (!bytes) return 1;
-  std::u16string input = text::Utf8ToUtf16(*bytes);
-  if (!input.empty() && input[0] == 0xFEFF) input.erase(0, 1);
-
-  translit::NullOutputSink sink;
-  translit::Engine engine(sink);
-  engine.SetKeymap(keymap->tables);
-  engine.SetSettings(keymap->engine);
-  ProgressBar bar(ctx, "translit");
-  const auto output = tools::AutoTransliterate(input, engine, {}, [&bar](int percent) { bar.Update(percent); });
-  bar.Finish();
-  return WriteOutputBytes(ctx, "", text::Utf16ToUtf8(output), kCommand) ? 0 : 1;
+  shell::KeyboardTypist typist(keymap->tables, keymap->engine);
+  typist.KeepBackQuoted(args.flags.count("--keep-backquoted") > 0);
+  bool written = true;
+  const auto write = [&](const std::u16string& text) {
+    if (written && !text.empty()) written = WriteStandardOutput(ctx, text::Utf16ToUtf8(text), kCommand);
+  };
+  const bool read =
+      ReadTextPieces(ctx, args.positional.empty() ? "" : args.positional[0], kCommand, [&](std::u16string_view piece) {
+        if (!written) return;
+        typist.Type(piece);
+        write(typist.TakeSettled());
+      });
+  if (read) write(typist.Finish());
+  return read && written ? kExitDone : kExitFailed;
 }
 
 const RegisterCommand kRegistration{Command{
     kCommand,
-    "translit [--keymap NAME] [FILE]",
-    "type a Latin phonetic text (UTF-8, FILE or standard input) through a keymap, as the typing "
-    "settings of the data folder load it; default Tamil-Unicode-PhoneticTransliteration",
+    kUsage,
+    "type a Latin phonetic text (UTF-8, FILE or standard input) through a keymap exactly as live typing "
+    "types it, key by key, with the keymap as the typing settings load it (default "
+    "Tamil-Unicode-PhoneticTransliteration); --keep-backquoted copies `text like this` as it stands",
     RunTranslit,
 }};
 

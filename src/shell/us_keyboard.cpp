@@ -32,4 +32,18 @@ char16_t UsKeyCharacter(int vk, bool shift) {
   return 0;
 }
 
+std::optional<UsKey> UsKeyFor(char16_t ch) {
+  if (ch >= u'a' && ch <= u'z') return UsKey{ch - u'a' + 'A', false};
+  if (ch >= u'A' && ch <= u'Z') return UsKey{ch, true};
+  if (ch == u' ') return UsKey{' ', false};
+  if (ch >= u'0' && ch <= u'9') return UsKey{ch, false};
+  const std::size_t shiftedDigit = kShiftedDigits.find(ch);
+  if (shiftedDigit != std::u16string_view::npos) return UsKey{static_cast<int>('0' + shiftedDigit), true};
+  for (const OemKey& key : kOemKeys) {
+    if (key.plain == ch) return UsKey{key.vk, false};
+    if (key.shifted == ch) return UsKey{key.vk, true};
+  }
+  return std::nullopt;
+}
+
 }  // namespace quilom::shell

@@ -9,43 +9,104 @@ constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
 constexpr std::string_view kUtf16LeMark = "\xFF\xFE";
 constexpr std::string_view kUtf16BeMark = "\xFE\xFF";
 
-DecodedText FromUtf16(std::string_view bytes, TextForm form) {
-  DecodedText decoded{{}, form, std::nullopt};
-  decoded.text.reserve(bytes.size() / 2);
-  const bool bigEndian = form == TextForm::Utf16Be;
-  for (std::size_t i = 0; i + 1 < bytes.size(); i += 2) {
-    const auto first = static_cast<unsigned char>(bytes[i]);
-    const auto second = static_cast<unsigned char>(bytes[i + 1]);
-    decoded.text.push_back(static_cast<char16_t>(bigEndian ? (first << 8) | second : (second << 8) | first));
+// How many bytes at the end of `bytes` begin a UTF-8 sequence that is not complete yet.
+std::size_t IncompleteTail(std::string_view bytes) {
+  for (std::size_t back = 1; back <= 3 && back <= bytes.size(); ++back) {
+    const auto byte = static_cast<unsigned char>(bytes[bytes.size() - back]);
+    if ((byte & 0xC0) == 0x80) continue;  // a continuation byte: look further back
+    const std::size_t length = byte >= 0xF0 ? 4 : byte >= 0xE0 ? 3 : byte >= 0xC0 ? 2 : 1;
+    return length > back ? back : 0;
   }
-  if (bytes.size() % 2 != 0) {
-    decoded.invalidAt = bytes.size() - 1 + 2;  // counted from the file's start, mark included
-    decoded.text.push_back(u'\uFFFD');
-  }
-  return decoded;
+  return 0;
 }
 
-DecodedText FromUtf8(std::string_view bytes, TextForm form, std::size_t markLength) {
-  DecodedText decoded{Utf8ToUtf16(bytes), form, FirstInvalidUtf8(bytes)};
-  if (decoded.invalidAt) {
-    *decoded.invalidAt += markLength;
-  }
-  return decoded;
+bool CouldBeginMark(std::string_view bytes) {
+  return kUtf8Mark.starts_with(bytes) || kUtf16LeMark.starts_with(bytes) || kUtf16BeMark.starts_with(bytes);
 }
 
 }  // namespace
 
-DecodedText DecodeTextInput(std::string_view bytes) {
+void TextInputDecoder::NoteDamage(std::size_t offset) {
+  if (!invalidAt_) invalidAt_ = offset;
+}
+
+void TextInputDecoder::DecideForm(std::string_view& bytes) {
+  formKnown_ = true;
+  std::size_t mark = 0;
   if (bytes.starts_with(kUtf8Mark)) {
-    return FromUtf8(bytes.substr(kUtf8Mark.size()), TextForm::Utf8WithMark, kUtf8Mark.size());
+    form_ = TextForm::Utf8WithMark, mark = kUtf8Mark.size();
+  } else if (bytes.starts_with(kUtf16LeMark)) {
+    form_ = TextForm::Utf16Le, mark = kUtf16LeMark.size();
+  } else if (bytes.starts_with(kUtf16BeMark)) {
+    form_ = TextForm::Utf16Be, mark = kUtf16BeMark.size();
   }
-  if (bytes.starts_with(kUtf16LeMark)) {
-    return FromUtf16(bytes.substr(kUtf16LeMark.size()), TextForm::Utf16Le);
+  bytes.remove_prefix(mark);
+  offset_ += mark;
+}
+
+void TextInputDecoder::Feed(std::string_view bytes, std::u16string& out) {
+  waiting_ += bytes;
+  std::string pending = std::move(waiting_);
+  waiting_.clear();
+  std::string_view view = pending;
+  if (!formKnown_) {
+    if (view.size() < kUtf8Mark.size() && CouldBeginMark(view)) {
+      waiting_ = pending;
+      return;
+    }
+    DecideForm(view);
   }
-  if (bytes.starts_with(kUtf16BeMark)) {
-    return FromUtf16(bytes.substr(kUtf16BeMark.size()), TextForm::Utf16Be);
+  if (form_ == TextForm::Utf16Le || form_ == TextForm::Utf16Be) {
+    FeedUtf16(view, out);
+  } else {
+    FeedUtf8(view, out, false);
   }
-  return FromUtf8(bytes, TextForm::Utf8, 0);
+}
+
+void TextInputDecoder::FeedUtf8(std::string_view bytes, std::u16string& out, bool final) {
+  const std::size_t tail = final ? 0 : IncompleteTail(bytes);
+  const std::string_view complete = bytes.substr(0, bytes.size() - tail);
+  if (const std::optional<std::size_t> bad = FirstInvalidUtf8(complete)) NoteDamage(offset_ + *bad);
+  out += Utf8ToUtf16(complete);
+  offset_ += complete.size();
+  waiting_.assign(bytes.substr(complete.size()));
+}
+
+void TextInputDecoder::FeedUtf16(std::string_view bytes, std::u16string& out) {
+  const bool bigEndian = form_ == TextForm::Utf16Be;
+  std::size_t i = 0;
+  for (; i + 1 < bytes.size(); i += 2) {
+    const auto first = static_cast<unsigned char>(bytes[i]);
+    const auto second = static_cast<unsigned char>(bytes[i + 1]);
+    out.push_back(static_cast<char16_t>(bigEndian ? (first << 8) | second : (second << 8) | first));
+  }
+  offset_ += i;
+  waiting_.assign(bytes.substr(i));
+}
+
+void TextInputDecoder::Finish(std::u16string& out) {
+  std::string pending = std::move(waiting_);
+  waiting_.clear();
+  std::string_view view = pending;
+  if (!formKnown_) DecideForm(view);
+  if (form_ == TextForm::Utf16Le || form_ == TextForm::Utf16Be) {
+    if (!view.empty()) {
+      NoteDamage(offset_);
+      out.push_back(u'\uFFFD');
+    }
+    return;
+  }
+  FeedUtf8(view, out, true);
+}
+
+DecodedText DecodeTextInput(std::string_view bytes) {
+  TextInputDecoder decoder;
+  DecodedText decoded;
+  decoder.Feed(bytes, decoded.text);
+  decoder.Finish(decoded.text);
+  decoded.form = decoder.Form();
+  decoded.invalidAt = decoder.InvalidAt();
+  return decoded;
 }
 
 bool StartsWithByteOrderMark(std::string_view bytes) {

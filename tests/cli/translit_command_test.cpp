@@ -2,15 +2,21 @@
 
 #include <fstream>
 #include <map>
+#include <set>
 #include <sstream>
 
 #include "cli/command.hpp"
 #include "settings/data_folders.hpp"
 #include "settings/text_file.hpp"
+#include "shell/hooked_key_processor.hpp"
+#include "shell/key_classes.hpp"
+#include "shell/us_keyboard.hpp"
 #include "support/recording_reporter.hpp"
 #include "support/temp_folder.hpp"
 #include "text/strings.hpp"
 #include "text/utf.hpp"
+#include "translit/engine.hpp"
+#include "translit/keymap_resolution.hpp"
 #include "translit/typing_settings.hpp"
 
 namespace quilom::cli {
@@ -100,6 +106,110 @@ TEST(TranslitCommand, EveryListedKeymapLoadsQuietlyAndTypesItsSampleWords) {
     EXPECT_EQ(run.out, expected) << lfk;
   }
   EXPECT_GT(listed, 0) << "empty list " << list;
+}
+
+// The typing path as the program puts it together: each character becomes the key that gives
+// it on a US keyboard (found by asking the keyboard table about every key), the key goes
+// through the hook's key processor into the engine, Enter ends the composition, and what the
+// engine erases and types lands in an edit box.
+class LiveTyping {
+ public:
+  explicit LiveTyping(const std::string& keymap) : engine_(screen_), processor_(state_, engine_) {
+    for (int shift = 0; shift <= 1; ++shift) {
+      for (int vk = 1; vk < 256; ++vk) {
+        const char16_t ch = shell::UsKeyCharacter(vk, shift == 1);
+        if (ch != 0 && !keys_.count(ch)) keys_[ch] = {shift, vk};
+      }
+    }
+    const auto folders = settings::DataFolders::ForDataRoot(testing::SourceDataRoot());
+    const auto typing = translit::LoadTypingSettings(folders);
+    std::shared_ptr<const translit::PhoneticKeymap> tables;
+    const std::u16string scheme = text::Utf8ToUtf16(keymap);
+    EXPECT_EQ(translit::LoadKeymapForSettings(folders, typing, scheme, tables, {}), translit::LoadOutcome::Loaded);
+    engine_.SetKeymap(tables);
+    engine_.SetSettings(translit::EngineSettingsFor(typing, scheme));
+  }
+
+  std::string Type(const std::string& utf8) {
+    for (const char16_t ch : text::Utf8ToUtf16(utf8)) {
+      if (ch == u'\n') {
+        processor_.ProcessHookedKey(0, shell::kVkReturn);
+        screen_.text += ch;
+      } else if (const auto key = keys_.find(ch); key != keys_.end()) {
+        processor_.ProcessHookedKey(key->second.first, key->second.second);
+      } else {
+        processor_.ResetComposition();
+        screen_.text += ch;
+      }
+    }
+    return text::Utf16ToUtf8(screen_.text);
+  }
+
+ private:
+  struct Screen final : translit::OutputSink {
+    std::u16string text;
+    void Emit(int erase, std::u16string_view typed) override {
+      text.erase(text.size() - std::min<std::size_t>(static_cast<std::size_t>(erase), text.size()));
+      text += typed;
+    }
+  };
+  Screen screen_;
+  translit::Engine engine_;
+  shell::TypingFrontState state_;
+  shell::HookedKeyProcessor processor_;
+  std::map<char16_t, std::pair<int, int>> keys_;
+};
+
+// Every listed keymap's sample words, alone and as people write them: after a quote or a
+// bracket, before a full stop, and opened by every punctuation key, which some keymaps type
+// letters with (Tamil99's ; [ ] ' /, ITRANS's . and ~).
+TEST(TranslitCommand, TypesWhatLiveTypingTypesInEveryKeymap) {
+  const auto samples = SampleWords();
+  std::set<std::string> keymaps;
+  for (const auto& [keymap, row] : samples) keymaps.insert(keymap);
+  ASSERT_GT(keymaps.size(), 20u);
+  for (const std::string& keymap : keymaps) {
+    std::string keys;
+    for (auto [row, end] = samples.equal_range(keymap); row != end; ++row) {
+      const std::string& word = row->second.keys;
+      keys += word + "\n\"" + word + "\" (" + word + "). 'x" + word + "\n";
+      for (const char punctuation : std::string(";[]'/.~,-=`\\")) keys += std::string(1, punctuation) + word + " ";
+      keys += "\n";
+    }
+    const auto run = Translit({"--keymap", keymap}, keys);
+    EXPECT_EQ(run.status, 0) << keymap << ": " << run.err;
+    EXPECT_EQ(run.out, LiveTyping(keymap).Type(keys)) << keymap;
+  }
+}
+
+TEST(TranslitCommand, Tamil99WordsOpeningWithPunctuationKeysAreTyped) {
+  const auto run = Translit({"--keymap", "Tamil-Unicode-TamilNet99"}, ";q [q ]q 'q /q (hq)");
+  EXPECT_EQ(run.status, 0) << run.err;
+  EXPECT_EQ(run.out, "நா சா ஞா யா ழா (கா)");
+}
+
+// A run with no blank longer than anything the engine keeps, and a text in one long piece, come
+// out whole.
+TEST(TranslitCommand, LongRunsAreNeverCut) {
+  const auto run = Translit({}, std::string(200000, 'a') + "\nka");
+  EXPECT_EQ(run.status, 0) << run.err;
+  EXPECT_EQ(run.out, LiveTyping("Tamil-Unicode-PhoneticTransliteration").Type(std::string(200000, 'a') + "\nka"));
+  EXPECT_EQ(text::Utf8ToUtf16(run.out), std::u16string(100000, u'ஆ') + u"\nக");  // "aa" is ஆ
+}
+
+TEST(TranslitCommand, GraveAccentsKeepTextAsItStandsOnRequest) {
+  EXPECT_EQ(Translit({"--keep-backquoted"}, "ka `ka` ka").out, "க `ka` க");
+  EXPECT_EQ(Translit({}, "`ka`").out, LiveTyping("Tamil-Unicode-PhoneticTransliteration").Type("`ka`"));
+}
+
+TEST(TranslitCommand, InvalidInputAndFailedWritesSayWhy) {
+  const auto invalid = Translit({}, "ka\xFFka");
+  EXPECT_EQ(invalid.status, 1);
+  EXPECT_NE(invalid.err.find("not valid UTF-8: the byte at offset 2"), std::string::npos) << invalid.err;
+  const auto folder = Translit({"/"});
+  EXPECT_NE(folder.err.find("Is a directory"), std::string::npos) << folder.err;
+  const auto missing = Translit({"/no/such/file.txt"});
+  EXPECT_NE(missing.err.find("No such file or directory"), std::string::npos) << missing.err;
 }
 
 // A data root of its own: the typing settings and a user's own scheme steer what loads.

@@ -89,6 +89,21 @@ TEST(UsKeyboard, CharactersOfAUsKeyboard) {
   }
 }
 
+// Every character some key gives is found back as a key that gives it, and nothing else is.
+TEST(UsKeyboard, EveryCharacterAKeyGivesLeadsBackToSuchAKey) {
+  int found = 0;
+  for (char16_t ch = 1; ch < 0x250; ++ch) {
+    const std::optional<UsKey> key = UsKeyFor(ch);
+    bool given = false;
+    for (int vk = 1; vk < 256 && !given; ++vk)
+      given = UsKeyCharacter(vk, false) == ch || UsKeyCharacter(vk, true) == ch;
+    EXPECT_EQ(key.has_value(), given) << int(ch);
+    if (key) EXPECT_EQ(UsKeyCharacter(key->vk, key->shift), ch) << int(ch);
+    found += key.has_value();
+  }
+  EXPECT_EQ(found, 95);  // printable ASCII, blank included
+}
+
 TEST_F(ProcessHookedKeyTest, KeyAfterTheHotkeyNumberIsTypedInTheNewKeymap) {
   state.hotkeys = {0xA4, 0x7B, 0};
   int selections = 0;

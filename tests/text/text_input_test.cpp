@@ -55,5 +55,30 @@ TEST(DecodeTextInput, DamageIsPlacedInTheFileWithItsMarkCounted) {
   EXPECT_FALSE(StartsWithByteOrderMark("\xEF\xBB"));
 }
 
+// A long input is read in pieces that may end anywhere: inside the mark, inside a character,
+// between the bytes of a UTF-16 unit. Every split gives what the whole gives.
+TEST(TextInputDecoder, PiecesSplitAnywhereGiveTheWholeText) {
+  const std::string inputs[] = {
+      "\xEF\xBB\xBF"
+      "வணக்கம் \xF0\x9F\x98\x80!",
+      std::string("\xFE\xFF\x0B\x95\x0B\xBE\xD8\x3D\xDE\x00", 10),
+      "ab\xE9\xE0\xAE",  // damage, then a cut character
+  };
+  for (const std::string& input : inputs) {
+    const DecodedText whole = DecodeTextInput(input);
+    for (std::size_t split = 0; split <= input.size(); ++split) {
+      TextInputDecoder decoder;
+      std::u16string text;
+      decoder.Feed(std::string_view(input).substr(0, split), text);
+      decoder.Feed(std::string_view(input).substr(split), text);
+      decoder.Finish(text);
+      EXPECT_EQ(text, whole.text) << "split at " << split;
+      EXPECT_EQ(decoder.Form(), whole.form);
+      EXPECT_EQ(decoder.InvalidAt(), whole.invalidAt) << "split at " << split;
+    }
+  }
+  EXPECT_EQ(DecodeTextInput("ab\xE9\xE0\xAE").invalidAt, 2u);
+}
+
 }  // namespace
 }  // namespace quilom::text
