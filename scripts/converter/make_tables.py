@@ -137,14 +137,17 @@ TSCII_LONE_SIGNS = [('\u00a1', '\u0bbe'), ('\u00a2', '\u0bbf'), ('\u00a3', '\u0b
 
 def TsciiAlternatives(rows):
     """Forms other TSCII writers use (glibc's converter among them), read as well as TSCII 1.7's
-    own: ௌ with the ே glyph in front (A7 ... AA); ஸு, ஸூ, ஹு, ஹூ as the dead consonant's glyph
-    (8A, 8B) with the sign; a grantha letter's prefix sign written after the letter (glibc writes
+    own: ௌ with the ே glyph in front (A7 ... AA); ஸு, ஸூ, ஹு, ஹூ as the letter's glyph (85, 86)
+    or the dead consonant's (8A, 8B) with the sign; a grantha letter's prefix sign written after the letter (glibc writes
     ஜெ as 83 A6, ஜொ as 83 A6 A1); the vowel-sign glyphs alone; ௦ at 80, which the facts lack."""
     extra = []
     for legacy, uni in rows:
         if uni.endswith('\u0bcc') and legacy.startswith('\u00a6') and legacy.endswith('\u00aa'):
             extra.append(('\u00a7' + legacy[1:], uni))
-    for dead, consonant in (('\u0160', '\u0bb8'), ('\u2039', '\u0bb9')):
+    # The letter's glyph with the sign is what TSCu fonts draw (and what we write); glibc writes
+    # the dead consonant's glyph with the sign.
+    for letter, dead, consonant in (('\u2026', '\u0160', '\u0bb8'), ('\u2020', '\u2039', '\u0bb9')):
+        extra += [(letter + '\u00a4', consonant + '\u0bc1'), (letter + '\u00a5', consonant + '\u0bc2')]
         extra += [(dead + '\u00a4', consonant + '\u0bc1'), (dead + '\u00a5', consonant + '\u0bc2')]
     for glyph, letter in TSCII_GRANTHA.items():
         extra += [(glyph + '\u00a6\u00a1', letter + '\u0bca'), (glyph + '\u00a7\u00a1', letter + '\u0bcb'),
@@ -200,13 +203,23 @@ FIXES = {
     # The ௌ length mark is AA, as in every other ௌ syllable; C7 is ள.
     'tscii': [('\u00a6\u2021\u00c7', '\u0b95\u0bcd\u0bb7\u0bcc', None)],
     # The prefix ெ glyph, ள and the ா glyph are ளொ, as for every other consonant.
-    'tam': [('\u00aa\u00f7\u00a3', '\u0bb3', '\u0bb3\u0bca'), ('\u0192', '\u2018', None)],
+    # 'ªë\\÷' for ஞௌ holds a backslash that no other ௌ syllable has.
+    'tam': [('\u00aa\u00f7\u00a3', '\u0bb3', '\u0bb3\u0bca'), ('\u0192', '\u2018', None),
+            ('\u00aa\u00eb\\\u00f7', '\u0b9e\u0bcc', None)],
 }
 
 # Mappings the facts lack, by facts file, each checked against a font that draws the encoding.
 ADDITIONS = {
     # TAMu fonts draw ங் at byte 83 (ƒ): hb-shape gives their glyph "florin" for ங்.
-    'tam': [('\u0192', '\u0b99\u0bcd')],
+    # The forms below are read, while the glyphs of their own that the facts give are written:
+    # TAMu fonts' ligature tables have no ஞி, ஞீ, யீ, ளி and draw the letter, then the sign's glyph
+    # (A4 is ி, A6 is ீ in their character map).
+    'tam': [('\u0192', '\u0b99\u0bcd'), ('\u00aa\u00eb\u00f7', '\u0b9e\u0bcc'),
+            ('\u00eb\u00a4', '\u0b9e\u0bbf'), ('\u00eb\u00a6', '\u0b9e\u0bc0'),
+            ('\u00f2\u00a6', '\u0baf\u0bc0'), ('\u00f7\u00a4', '\u0bb3\u0bbf'),
+            # The vowel-sign glyphs alone, as the TAMu fonts' character map gives them.
+            ('\u00a2', '\u0bcd'), ('\u00a3', '\u0bbe'), ('\u00a4', '\u0bbf'), ('\u00a6', '\u0bc0'),
+            ('\u00aa', '\u0bc6'), ('\u00ab', '\u0bc7'), ('\u00ac', '\u0bc8')],
     'tscii': [('\u00a6\u2021\u00aa', '\u0b95\u0bcd\u0bb7\u0bcc')],
 }
 
