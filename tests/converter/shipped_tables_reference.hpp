@@ -139,6 +139,30 @@ inline std::map<std::u16string, std::set<std::u16string>> NotedGaps(const std::f
   return gaps;
 }
 
+// True when `word` holds one of the syllables the encoding cannot carry.
+inline bool HoldsGap(const std::u16string& word, const std::set<std::u16string>& gaps) {
+  for (const std::u16string& gap : gaps) {
+    if (gap.size() >= 3 && word.find(gap) != std::u16string::npos) return true;
+  }
+  for (std::size_t i = 0; i < word.size(); ++i) {
+    const bool consonant = word[i] >= 0x0B95 && word[i] <= 0x0BB9;
+    const bool marked = consonant && i + 1 < word.size() && word[i + 1] >= 0x0BBE && word[i + 1] <= 0x0BCD;
+    if (gaps.count(word.substr(i, marked ? 2 : 1))) return true;
+    if (marked) ++i;
+  }
+  return false;
+}
+
+// Prose as people write it: Tamil with English words, digits and punctuation.
+inline constexpr std::u16string_view kProse =
+    u"விலை 250/- மட்டும்; (GST 18% உட்பட) - \"அருமை!\" என்றார் 'ராஜா'.\n"
+    u"கூட்டம் 10:30 மணிக்கு, Chennai நகரில் நடக்குமா? ஆம்: ஜெர்மனி, ஹோட்டல், க்ஷேத்திரம் - 3/4 பங்கு.\n"
+    u"பொங்கல், தங்கம், ஸ்ரீ ராமன் (Sri Raman) வந்தார்! ஔவை, ஷோ, ஜௌளி, ளொ.";
+
+inline std::vector<std::u16string> Tokens(std::u16string_view text) {
+  return text::Split(text::ReplaceAll(text, u"\n", u" "), u" ");
+}
+
 // glibc's iconv between two of its encodings.
 class Iconv {
  public:

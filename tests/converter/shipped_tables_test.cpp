@@ -87,20 +87,6 @@ TEST(ShippedTables, WalkGivesBackEveryUnitButTheNotedGaps) {
   }
 }
 
-// True when `word` holds one of the syllables the encoding cannot carry.
-bool HoldsGap(const std::u16string& word, const std::set<std::u16string>& gaps) {
-  for (const std::u16string& gap : gaps) {
-    if (gap.size() >= 3 && word.find(gap) != std::u16string::npos) return true;
-  }
-  for (std::size_t i = 0; i < word.size(); ++i) {
-    const bool consonant = word[i] >= 0x0B95 && word[i] <= 0x0BB9;
-    const bool marked = consonant && i + 1 < word.size() && word[i + 1] >= 0x0BBE && word[i + 1] <= 0x0BCD;
-    if (gaps.count(word.substr(i, marked ? 2 : 1))) return true;
-    if (marked) ++i;
-  }
-  return false;
-}
-
 TEST(ShippedTables, WordsOfRealTextSurviveTheRoundTripInBothForms) {
   const EncodingList list = LoadEncodingList(Folder());
   const auto gaps = NotedGaps();
@@ -110,7 +96,7 @@ TEST(ShippedTables, WordsOfRealTextSurviveTheRoundTripInBothForms) {
     const std::u16string& name = list.names[static_cast<std::size_t>(position)];
     Tables tables = LoadTables(Folder(), position);
     for (const std::u16string& word : words) {
-      if (HoldsGap(word, gaps.at(name))) continue;
+      if (reference::HoldsGap(word, gaps.at(name))) continue;
       EXPECT_EQ(tables.toUnicode->Apply(tables.toLegacy->Apply(word)), word)
           << text::Utf16ToUtf8(name) << ": " << text::Utf16ToUtf8(word);
       EXPECT_EQ(tables.toUnicode->Apply(tables.toLegacyPlainRa->Apply(word)), word)
@@ -119,30 +105,21 @@ TEST(ShippedTables, WordsOfRealTextSurviveTheRoundTripInBothForms) {
   }
 }
 
-// Prose as people write it: Tamil with English words, digits and punctuation.
-constexpr std::u16string_view kProse =
-    u"விலை 250/- மட்டும்; (GST 18% உட்பட) - \"அருமை!\" என்றார் 'ராஜா'.\n"
-    u"கூட்டம் 10:30 மணிக்கு, Chennai நகரில் நடக்குமா? ஆம்: ஜெர்மனி, ஹோட்டல், க்ஷேத்திரம் - 3/4 பங்கு.\n"
-    u"பொங்கல், தங்கம், ஸ்ரீ ராமன் (Sri Raman) வந்தார்! ஔவை, ஷோ, ஜௌளி, ளொ.";
-
-std::vector<std::u16string> Tokens(std::u16string_view text) {
-  return text::Split(text::ReplaceAll(text, u"\n", u" "), u" ");
-}
-
 // Each blank-separated piece of the prose comes back, except a piece holding something the notes
 // say the encoding cannot carry.
 TEST(ShippedTables, ProseComesBackButForTheNotedGaps) {
   const EncodingList list = LoadEncodingList(Folder());
   const auto gaps = NotedGaps();
-  const std::vector<std::u16string> expected = Tokens(kProse);
+  const std::vector<std::u16string> expected = reference::Tokens(reference::kProse);
   for (int position = 1; position < static_cast<int>(list.names.size()); ++position) {
     const std::u16string& name = list.names[static_cast<std::size_t>(position)];
     Tables tables = LoadTables(Folder(), position);
     for (PairReplacer* toLegacy : {tables.toLegacy.get(), tables.toLegacyPlainRa.get()}) {
-      const std::vector<std::u16string> back = Tokens(tables.toUnicode->Apply(toLegacy->Apply(kProse)));
+      const std::vector<std::u16string> back =
+          reference::Tokens(tables.toUnicode->Apply(toLegacy->Apply(reference::kProse)));
       ASSERT_EQ(back.size(), expected.size()) << text::Utf16ToUtf8(name);
       for (std::size_t i = 0; i < back.size(); ++i) {
-        if (HoldsGap(expected[i], gaps.at(name))) continue;
+        if (reference::HoldsGap(expected[i], gaps.at(name))) continue;
         EXPECT_EQ(back[i], expected[i]) << text::Utf16ToUtf8(name);
       }
     }

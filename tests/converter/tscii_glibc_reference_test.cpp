@@ -6,6 +6,7 @@
 
 #include <fstream>
 #include <sstream>
+#include <utility>
 
 #include "converter/encoding_list.hpp"
 #include "converter/legacy_bytes.hpp"
