@@ -1,5 +1,6 @@
 #include "cli/cli_io.hpp"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <filesystem>
@@ -12,21 +13,52 @@
 
 namespace quilom::cli {
 
+namespace {
+
+// The short forms every command knows, as people expect them.
+std::string Canonical(const std::string& word) {
+  if (word == "-o") return "--output";
+  if (word == "-h") return "--help";
+  if (word == "-q") return "--quiet";
+  return word;
+}
+
+}  // namespace
+
 ParsedArgs ParseArgs(const std::vector<std::string>& args, const std::set<std::string>& valueOptions,
                      const std::set<std::string>& flagOptions) {
   ParsedArgs parsed;
+  // Asking for help wins over whatever else is wrong with the words.
+  const auto optionsEnd = std::find(args.begin(), args.end(), "--");
+  if (flagOptions.count("--help") &&
+      std::any_of(args.begin(), optionsEnd, [](const std::string& w) { return Canonical(w) == "--help"; })) {
+    parsed.flags.insert("--help");
+    return parsed;
+  }
+  bool optionsEnded = false;
   for (size_t i = 0; i < args.size(); ++i) {
     const std::string& word = args[i];
-    if (word == "-" || !word.starts_with("-")) {
+    if (optionsEnded || word == "-" || !word.starts_with("-")) {
       parsed.positional.push_back(word);
-    } else if (valueOptions.count(word)) {
-      if (i + 1 >= args.size()) {
-        parsed.error = "option " + word + " needs a value";
+      continue;
+    }
+    if (word == "--") {
+      optionsEnded = true;
+      continue;
+    }
+    const std::size_t equals = word.starts_with("--") ? word.find('=') : std::string::npos;
+    const std::string name = Canonical(word.substr(0, equals));
+    if (valueOptions.count(name)) {
+      if (equals != std::string::npos) {
+        parsed.values[name] = word.substr(equals + 1);
+      } else if (i + 1 < args.size()) {
+        parsed.values[name] = args[++i];
+      } else {
+        parsed.error = "option " + name + " needs a value";
         return parsed;
       }
-      parsed.values[word] = args[++i];
-    } else if (flagOptions.count(word)) {
-      parsed.flags.insert(word);
+    } else if (flagOptions.count(name) && equals == std::string::npos) {
+      parsed.flags.insert(name);
     } else {
       parsed.error = "unknown option '" + word + "'";
       return parsed;
@@ -113,27 +145,51 @@ bool WriteOutputBytes(CommandContext& ctx, const std::string& file, const std::s
   if (IsStandardStream(file)) {
     return WriteStandardOutput(ctx, bytes, command);
   }
-  const auto target = std::filesystem::u8path(file);
-  auto temporary = target;
-  temporary += ".quilom-tmp";
-  {
-    std::ofstream stream(temporary, std::ios::binary | std::ios::trunc);
-    stream.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-    if (!stream.flush()) {
-      ctx.err << "quilom " << command << ": cannot write '" << file << "'\n";
-      std::error_code ignored;
-      std::filesystem::remove(temporary, ignored);
-      return false;
+  OutputFile output(ctx, command);
+  return output.Open(file) && output.Write(bytes) && output.Commit();
+}
+
+OutputFile::OutputFile(CommandContext& ctx, std::string command) : ctx_(ctx), command_(std::move(command)) {}
+
+bool OutputFile::Open(const std::string& file) {
+  file_ = file;
+  std::error_code error;
+  return replacement_.Open(std::filesystem::u8path(file), error) || Fail(error);
+}
+
+bool OutputFile::Write(std::string_view bytes) {
+  std::error_code error;
+  return replacement_.Write(bytes, error) || Fail(error);
+}
+
+bool OutputFile::Commit() {
+  std::error_code error;
+  return replacement_.Commit(error) || Fail(error);
+}
+
+bool OutputFile::Fail(const std::error_code& error) {
+  ctx_.err << "quilom " << command_ << ": cannot write '" << file_ << "': " << error.message() << "\n";
+  replacement_.Discard();
+  return false;
+}
+
+bool RefuseOutputOverInput(CommandContext& ctx, const std::string& output, const std::vector<std::string>& inputs,
+                           const std::string& command) {
+  if (IsStandardStream(output)) return false;
+  const auto same = [](const std::filesystem::path& a, const std::filesystem::path& b) {
+    std::error_code ec;
+    if (std::filesystem::equivalent(a, b, ec)) return true;
+    const auto canonicalA = std::filesystem::weakly_canonical(a, ec);
+    return !ec && canonicalA == std::filesystem::weakly_canonical(b, ec) && !ec;
+  };
+  for (const std::string& input : inputs) {
+    if (!IsStandardStream(input) && same(std::filesystem::u8path(input), std::filesystem::u8path(output))) {
+      ctx.err << "quilom " << command << ": the output '" << output << "' is the input '" << input
+              << "': write to a new file\n";
+      return true;
     }
   }
-  std::error_code ec;
-  std::filesystem::rename(temporary, target, ec);
-  if (ec) {
-    ctx.err << "quilom " << command << ": cannot replace '" << file << "': " << ec.message() << "\n";
-    std::filesystem::remove(temporary, ec);
-    return false;
-  }
-  return true;
+  return false;
 }
 
 ProgressBar::ProgressBar(CommandContext& ctx, std::string label) : ctx_(ctx), label_(std::move(label)) {}

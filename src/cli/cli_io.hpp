@@ -9,12 +9,15 @@
 #include <vector>
 
 #include "cli/command.hpp"
+#include "settings/file_replacement.hpp"
 
 // Helpers shared by the subcommands: option parsing, reading the input, the progress bar.
 namespace quilom::cli {
 
 // Splits a subcommand's words into options that take a value, flags, and positional words.
-// Unknown options are errors, so a typo never silently changes what a run does.
+// Unknown options are errors, so a typo never silently changes what a run does. A value comes
+// after its option or joined to it ("--keymap=NAME"); "--" ends the options; "-o", "-h" and
+// "-q" are "--output", "--help" and "--quiet", under which names they are given and kept.
 struct ParsedArgs {
   std::map<std::string, std::string> values;  // "--keymap" -> "Tamil-Unicode-..."
   std::set<std::string> flags;                // "--numerals"
@@ -40,10 +43,35 @@ bool ReadTextPieces(CommandContext& ctx, const std::string& file, const std::str
 // with the system's reason and returns false.
 bool WriteStandardOutput(CommandContext& ctx, std::string_view bytes, const std::string& command);
 
-// Writes to the named file through a temporary beside it (an interrupted run never leaves a
-// half-written output), or to standard output for "" and "-".
+// Writes to the named file as settings::FileReplacement does (a link is written through, the
+// file's permissions stay, a read-only file is refused, an interrupted run leaves the old file
+// and no temporary), or to standard output for "" and "-". Failures are reported with the
+// system's reason.
 bool WriteOutputBytes(CommandContext& ctx, const std::string& file, const std::string& bytes,
                       const std::string& command);
+
+// An output file written piece by piece, the same way; each step reports its own failure and
+// the output is then discarded.
+class OutputFile {
+ public:
+  OutputFile(CommandContext& ctx, std::string command);
+  bool Open(const std::string& file);
+  bool Write(std::string_view bytes);
+  bool Commit();
+
+ private:
+  bool Fail(const std::error_code& error);
+
+  CommandContext& ctx_;
+  std::string command_;
+  std::string file_;
+  settings::FileReplacement replacement_;
+};
+
+// True, after a message, when the output file is one of the input files (or a link to one):
+// checked before any work, so an input is never lost to its own output.
+bool RefuseOutputOverInput(CommandContext& ctx, const std::string& output, const std::vector<std::string>& inputs,
+                           const std::string& command);
 
 // A one-line bar on standard error, drawn only when it is a terminal.
 class ProgressBar {

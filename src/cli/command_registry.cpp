@@ -32,11 +32,14 @@ int RunQuilom(const std::vector<std::string>& args, std::istream& in, std::ostre
               const std::filesystem::path& executableDir, bool errIsTerminal) {
   std::filesystem::path dataRoot = executableDir / "Sorvin";
   size_t i = 0;
-  while (i < args.size() && args[i].starts_with("--")) {
+  while (i < args.size() && args[i].starts_with("-") && args[i] != "-") {
     if (args[i] == "--data" && i + 1 < args.size()) {
       dataRoot = args[i + 1];
       i += 2;
-    } else if (args[i] == "--help") {
+    } else if (args[i].starts_with("--data=")) {
+      dataRoot = args[i].substr(7);
+      ++i;
+    } else if (args[i] == "--help" || args[i] == "-h") {
       PrintUsage(out);
       return 0;
     } else if (args[i] == "--version") {
@@ -60,8 +63,12 @@ int RunQuilom(const std::vector<std::string>& args, std::istream& in, std::ostre
     PrintUsage(err);
     return 2;
   }
-  // Commands that name --help in their usage explain themselves at more length.
-  const bool asksForHelp = i + 2 == args.size() && args[i + 1] == "--help";
+  // Help is asked for anywhere among the command's options; commands that name --help in their
+  // usage explain themselves at more length.
+  const auto words = std::vector<std::string>(args.begin() + static_cast<long>(i) + 1, args.end());
+  const auto optionsEnd = std::find(words.begin(), words.end(), "--");
+  const bool asksForHelp =
+      std::any_of(words.begin(), optionsEnd, [](const std::string& w) { return w == "--help" || w == "-h"; });
   if (asksForHelp && found->usage.find("--help") == std::string::npos) {
     out << "usage: quilom " << found->usage << "\n" << found->summary << "\n";
     return 0;

@@ -435,11 +435,6 @@ int ConvertDocument(CommandContext& ctx, const EncodingList& list, const Options
     return kExitUsage;
   }
   const std::filesystem::path outputPath = std::filesystem::u8path(output);
-  std::error_code ec;
-  if (std::filesystem::equivalent(inputPath, outputPath, ec)) {
-    ctx.err << "quilom convert: the output must be a new file, not the input itself\n";
-    return kExitUsage;
-  }
   std::string error;
   const std::unique_ptr<DocumentSession> session = FindDocumentBackend(extension)->Open(inputPath, error);
   if (!session) {
@@ -460,7 +455,7 @@ int ConvertDocument(CommandContext& ctx, const EncodingList& list, const Options
 }
 
 std::string Usage() {
-  return "convert --from ENCODING --to ENCODING [FILE] [-o OUT] [--legacy-text] "
+  return "convert --from ENCODING --to ENCODING [FILE] [-o|--output OUT] [--legacy-text] "
          "[--unmappable stop|skip|replace|keep] [--replacement CHAR] [--decorative-quotes] [--plain-ra] "
          "[--keep-vowel-sign-glyphs] [--legacy-font NAME]... [--unicode-font NAME] [--font NAME] [--help]";
 }
@@ -565,7 +560,7 @@ int RunConvert(CommandContext& ctx) {
     return kExitUsage;
   }
   const ParsedArgs parsed =
-      ParseArgs(*words, {"--from", "--to", "-o", "--font", "--unicode-font", "--unmappable", "--replacement"},
+      ParseArgs(*words, {"--from", "--to", "--output", "--font", "--unicode-font", "--unmappable", "--replacement"},
                 {"--decorative-quotes", "--plain-ra", "--keep-vowel-sign-glyphs", "--legacy-text", "--help"});
   if (parsed.flags.count("--help")) {
     ctx.out << "quilom " << Usage() << "\n\n"
@@ -590,7 +585,10 @@ int RunConvert(CommandContext& ctx) {
   }
   options->legacyFonts = std::move(legacyFonts);
   const std::string input = parsed.positional.empty() ? "" : parsed.positional[0];
-  const std::string output = parsed.values.count("-o") ? parsed.values.at("-o") : "";
+  const std::string output = parsed.values.count("--output") ? parsed.values.at("--output") : "";
+  if (RefuseOutputOverInput(ctx, output, {input}, kName)) {
+    return kExitUsage;
+  }
   const std::string extension = input.empty() ? "" : DocumentExtension(std::filesystem::u8path(input));
   options->document = IsDocumentExtension(extension) || FindDocumentBackend(extension) != nullptr;
   if (!options->document) {

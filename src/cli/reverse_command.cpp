@@ -6,8 +6,10 @@
 
 #include "cli/cli_io.hpp"
 #include "cli/command.hpp"
+#include "cli/exit_codes.hpp"
 #include "settings/data_folders.hpp"
 #include "settings/error_report.hpp"
+#include "text/text_input.hpp"
 #include "text/utf.hpp"
 #include "tools/reverse_transliteration.hpp"
 
@@ -33,7 +35,8 @@ class StreamReporter final : public ErrorReporter {
 
 class ScopedStreamReporter {
  public:
-  explicit ScopedStreamReporter(std::ostream& err) : previous_(SetErrorReporter(std::make_shared<StreamReporter>(err))) {}
+  explicit ScopedStreamReporter(std::ostream& err)
+      : previous_(SetErrorReporter(std::make_shared<StreamReporter>(err))) {}
   ~ScopedStreamReporter() { SetErrorReporter(previous_); }
   ScopedStreamReporter(const ScopedStreamReporter&) = delete;
   ScopedStreamReporter& operator=(const ScopedStreamReporter&) = delete;
@@ -41,8 +44,6 @@ class ScopedStreamReporter {
  private:
   std::shared_ptr<ErrorReporter> previous_;
 };
-
-bool IsValidUtf8Text(const std::string& bytes) { return text::Utf16ToUtf8(text::Utf8ToUtf16(bytes)) == bytes; }
 
 std::optional<std::string> ReadSource(CommandContext& ctx, const ParsedArgs& parsed,
                                       const settings::DataFolders& folders) {
@@ -75,21 +76,24 @@ int RunReverse(CommandContext& ctx) {
                                        "--no-word-list", "--sample", "--counts", "--typeable"});
   if (!parsed.error.empty() || parsed.positional.size() > 1) {
     ctx.err << "quilom reverse: " << (parsed.error.empty() ? "only one FILE may be given" : parsed.error) << "\n";
-    return 2;
+    return kExitUsage;
   }
+  const auto target = parsed.values.count("--output") ? parsed.values.at("--output") : std::string();
+  if (RefuseOutputOverInput(ctx, target, parsed.positional, kName)) return kExitUsage;
   ScopedStreamReporter reporter(ctx.err);
   const auto folders = settings::DataFolders::ForDataRoot(ctx.dataRoot);
   const auto bytes = ReadSource(ctx, parsed, folders);
-  if (!bytes) return 1;
-  if (!IsValidUtf8Text(*bytes)) {
-    ctx.err << "quilom reverse: the input is not UTF-8 text\n";
-    return 1;
+  if (!bytes) return kExitFailed;
+  const text::DecodedText decoded = text::DecodeTextInput(*bytes);
+  if (decoded.invalidAt) {
+    ctx.err << "quilom reverse: the input is not valid " << text::TextFormName(decoded.form) << ": the byte at offset "
+            << *decoded.invalidAt << " is not part of a character\n";
+    return kExitFailed;
   }
   const auto words = LoadWords(ctx, parsed, folders);
-  if (!words) return 1;
+  if (!words) return kExitFailed;
 
-  std::u16string input = text::Utf8ToUtf16(*bytes);
-  if (!input.empty() && input.front() == u'\uFEFF') input.erase(0, 1);
+  const std::u16string& input = decoded.text;
   const tools::ReverseOptions options{parsed.flags.count("--numerals") > 0, parsed.flags.count("--signs") > 0,
                                       parsed.flags.count("--keep-graves") > 0, parsed.flags.count("--typeable") > 0};
   ProgressBar bar(ctx, "reverse");
@@ -102,14 +106,13 @@ int RunReverse(CommandContext& ctx) {
   if (parsed.flags.count("--counts")) {
     ctx.err << text::Utf16ToUtf8(tools::ReverseCharacterCountsText(input.size(), output.size())) << "\n";
   }
-  const auto target = parsed.values.count("--output") ? parsed.values.at("--output") : std::string();
-  return WriteOutputBytes(ctx, target, text::Utf16ToUtf8(output), kName) ? 0 : 1;
+  return WriteOutputBytes(ctx, target, text::Utf16ToUtf8(output), kName) ? kExitDone : kExitFailed;
 }
 
 const RegisterCommand registration({
     kName,
     "reverse [FILE] [--numerals] [--signs] [--keep-graves] [--remove-graves] [--lower] [--typeable] "
-    "[--no-word-list] [--sample] [--counts] [--output FILE]",
+    "[--no-word-list] [--sample] [--counts] [-o|--output FILE]",
     "Tamil text back to Latin phonetic spelling (--typeable: spell ந as \"w\" so that the result types back)",
     RunReverse,
 });

@@ -56,13 +56,13 @@ std::optional<LoadedKeymap> LoadKeymap(CommandContext& ctx, const std::u16string
   return std::nullopt;
 }
 
-constexpr const char* kUsage = "translit [--keymap NAME] [--keep-backquoted] [FILE]";
+constexpr const char* kUsage = "translit [--keymap NAME] [--keep-backquoted] [FILE] [-o|--output OUT]";
 
 // The text is typed as a person types it with typing on (see shell/keyboard_typist.hpp), so
 // the command gives what live typing gives, key for key, and streams: what no later key can
 // change is written at once.
 int RunTranslit(CommandContext& ctx) {
-  const auto args = ParseArgs(ctx.args, {"--keymap"}, {"--keep-backquoted"});
+  const auto args = ParseArgs(ctx.args, {"--keymap", "--output"}, {"--keep-backquoted"});
   if (!args.error.empty() || args.positional.size() > 1) {
     ctx.err << "quilom translit: " << (args.error.empty() ? "too many files" : args.error) << "\nusage: quilom "
             << kUsage << "\n";
@@ -74,11 +74,21 @@ int RunTranslit(CommandContext& ctx) {
   const auto keymap = LoadKeymap(ctx, scheme);
   if (!keymap) return kExitFailed;
 
+  const std::string outputName = args.values.count("--output") ? args.values.at("--output") : "";
+  if (RefuseOutputOverInput(ctx, outputName, args.positional, kCommand)) return kExitUsage;
+  std::optional<OutputFile> outputFile;
+  if (!outputName.empty() && outputName != "-") {
+    outputFile.emplace(ctx, kCommand);
+    if (!outputFile->Open(outputName)) return kExitFailed;
+  }
+
   shell::KeyboardTypist typist(keymap->tables, keymap->engine);
   typist.KeepBackQuoted(args.flags.count("--keep-backquoted") > 0);
   bool written = true;
   const auto write = [&](const std::u16string& text) {
-    if (written && !text.empty()) written = WriteStandardOutput(ctx, text::Utf16ToUtf8(text), kCommand);
+    if (!written || text.empty()) return;
+    const std::string bytes = text::Utf16ToUtf8(text);
+    written = outputFile ? outputFile->Write(bytes) : WriteStandardOutput(ctx, bytes, kCommand);
   };
   const bool read =
       ReadTextPieces(ctx, args.positional.empty() ? "" : args.positional[0], kCommand, [&](std::u16string_view piece) {
@@ -87,6 +97,7 @@ int RunTranslit(CommandContext& ctx) {
         write(typist.TakeSettled());
       });
   if (read) write(typist.Finish());
+  if (read && written && outputFile) written = outputFile->Commit();
   return read && written ? kExitDone : kExitFailed;
 }
 

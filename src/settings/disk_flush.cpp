@@ -25,4 +25,17 @@ bool FlushFileToDisk(const std::filesystem::path& file) noexcept {
   return flushed;
 }
 
+bool FlushFolderToDisk(const std::filesystem::path& folder) noexcept {
+#if defined(_WIN32)
+  (void)folder;
+  return true;
+#else
+  const int fd = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY);
+  if (fd < 0) return false;
+  const bool flushed = ::fsync(fd) == 0;
+  ::close(fd);
+  return flushed;
+#endif
+}
+
 }  // namespace quilom::settings

@@ -3,11 +3,10 @@
 #include <cerrno>
 #include <cstring>
 #include <fstream>
-#include <random>
 #include <system_error>
 
-#include "settings/disk_flush.hpp"
 #include "settings/error_report.hpp"
+#include "settings/file_replacement.hpp"
 #include "settings/short_path.hpp"
 #include "settings/text_codec.hpp"
 #include "settings/text_file_checked.hpp"
@@ -80,55 +79,6 @@ bool ReadWhole(const fs::path& path, std::u16string& text, TextEncoding& encodin
   }
   text = normaliseNewlines ? NormaliseNewlines(decoded.text) : std::move(decoded.text);
   return true;
-}
-
-fs::path TemporaryPathBeside(const fs::path& target) {
-  std::random_device random;
-  const auto suffix = std::to_string(random()) + std::to_string(random());
-  return target.parent_path() / (target.filename().native() + fs::path("." + suffix + ".saving").native());
-}
-
-// A file the user marked read-only stays as it is: replacing it through a rename would
-// otherwise go around the mark.
-bool IsReadOnly(const fs::path& target) {
-  std::error_code ec;
-  const auto status = fs::status(target, ec);
-  if (ec || !fs::exists(status)) return false;
-  return (status.permissions() & fs::perms::owner_write) == fs::perms::none;
-}
-
-bool WriteBytesTo(const fs::path& file, const std::string& bytes) {
-  std::ofstream out(file, std::ios::binary | std::ios::trunc);
-  if (!out) return false;
-  out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-  out.close();
-  return !out.fail();
-}
-
-// Writes beside the target and moves the result over it, so that the target holds either its
-// old or its new contents whatever happens in between.
-std::error_code ReplaceFileContents(const fs::path& path, const std::string& bytes) {
-  std::error_code ec;
-  fs::path target = path;
-  if (fs::is_symlink(path, ec)) {
-    target = fs::canonical(path, ec);
-    if (ec) return ec;
-  }
-  if (IsReadOnly(target)) return std::make_error_code(std::errc::permission_denied);
-  const fs::path temporary = TemporaryPathBeside(target);
-  if (!WriteBytesTo(temporary, bytes)) {
-    const std::error_code failure(errno ? errno : EIO, std::generic_category());
-    fs::remove(temporary, ec);
-    return failure;
-  }
-  if (fs::exists(target, ec)) fs::permissions(temporary, fs::status(target, ec).permissions(), ec);
-  FlushFileToDisk(temporary);
-  fs::rename(temporary, target, ec);
-  if (ec) {
-    std::error_code ignored;
-    fs::remove(temporary, ignored);
-  }
-  return ec;
 }
 
 }  // namespace

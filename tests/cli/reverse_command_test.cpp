@@ -17,7 +17,7 @@ struct ReverseRun {
 };
 
 ReverseRun Reverse(const std::vector<std::string>& words, const std::string& input = "",
-            const std::string& dataRoot = testing::SourceDataRoot().string()) {
+                   const std::string& dataRoot = testing::SourceDataRoot().string()) {
   std::vector<std::string> args = {"--data", dataRoot, "reverse"};
   args.insert(args.end(), words.begin(), words.end());
   std::istringstream in(input);
@@ -69,7 +69,8 @@ TEST(ReverseCommand, BadInputFailsWithAMessage) {
       {{"--bogus"}, "", 2, "unknown option '--bogus'"},
       {{"a", "b"}, "", 2, "only one FILE"},
       {{"/no/such/file.txt"}, "", 1, "cannot open '/no/such/file.txt'"},
-      {{}, "\xE0\xAE", 1, "not UTF-8"},
+      {{}, "\xE0\xAE", 1, "not valid UTF-8: the byte at offset 0"},
+      {{"-o", "-", "--", "--sample"}, "", 1, "cannot open '--sample'"},
   };
   for (const auto& c : cases) {
     const ReverseRun run = Reverse(c.words, c.input);
@@ -77,6 +78,14 @@ TEST(ReverseCommand, BadInputFailsWithAMessage) {
     EXPECT_NE(run.err.find(c.message), std::string::npos) << run.err;
     EXPECT_EQ(run.out, "");
   }
+}
+
+// Every command reads the same text forms: UTF-16 with its mark as well as UTF-8.
+TEST(ReverseCommand, ReadsUtf16WithItsMark) {
+  const ReverseRun run = Reverse({"--no-word-list"}, std::string("\xFF\xFE\x85\x0B", 4));
+  EXPECT_EQ(run.status, 0) << run.err;
+  EXPECT_EQ(run.out, Reverse({"--no-word-list"}, "அ").out);
+  EXPECT_FALSE(run.out.empty());
 }
 
 TEST(ReverseCommand, MissingWordListIsAnErrorUnlessDeclined) {

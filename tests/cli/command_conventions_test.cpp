@@ -1,0 +1,111 @@
+// The conventions every command keeps, as people who use iconv and coreutils expect them.
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+#include "cli/command.hpp"
+#include "support/temp_folder.hpp"
+
+namespace quilom::cli {
+namespace {
+
+namespace fs = std::filesystem;
+
+struct QuilomRun {
+  int status;
+  std::string out, err;
+};
+
+QuilomRun Quilom(std::vector<std::string> args, const std::string& input = "") {
+  args.insert(args.begin(), {"--data", testing::SourceDataRoot().string()});
+  std::istringstream in(input);
+  std::ostringstream out, err;
+  const int status = RunQuilom(args, in, out, err, testing::SourceDataRoot().parent_path(), false);
+  return {status, out.str(), err.str()};
+}
+
+TEST(CommandConventions, HelpAnywhereJoinedValuesAndTheEndOfOptions) {
+  for (const std::string& command : {"translit", "reverse", "convert", "urlnorm"}) {
+    const QuilomRun help = Quilom({command, "-x", "-h"});
+    EXPECT_EQ(help.status, 0) << command << help.err;
+    EXPECT_NE(help.out.find("quilom " + command), std::string::npos) << command << ": " << help.out;
+  }
+  EXPECT_EQ(Quilom({"-h"}).status, 0);
+  EXPECT_NE(Quilom({"--help"}).out.find("Exit status"), std::string::npos);
+
+  EXPECT_EQ(Quilom({"translit", "--keymap=Tamil-Unicode-PhoneticTransliteration"}, "ka").out, "க");
+  EXPECT_EQ(Quilom({"convert", "--from=Unicode", "--to=Tscii"}, "கா").out, "\xB8\xA1");
+  // After "--" a word that looks like an option is a file name.
+  const QuilomRun named = Quilom({"translit", "--", "--keymap"});
+  EXPECT_EQ(named.status, 1);
+  EXPECT_NE(named.err.find("cannot open '--keymap': No such file or directory"), std::string::npos) << named.err;
+}
+
+TEST(CommandConventions, EveryCommandThatWritesTakesDashO) {
+  testing::TempFolder folder;
+  testing::WriteBytes(folder / "in.txt", "ka");
+  const std::string in = (folder / "in.txt").string();
+  struct Case {
+    std::vector<std::string> args;
+    std::string expected;
+  };
+  const Case cases[] = {
+      {{"translit", in, "-o"}, "க"},
+      {{"convert", "--from", "Unicode", "--to", "Bamini", "-o"}, "f"},
+      {{"reverse", "--no-word-list", "--output"}, "ka"},
+  };
+  for (const Case& c : cases) {
+    std::vector<std::string> args = c.args;
+    args.push_back((folder / "out.txt").string());
+    const QuilomRun run = Quilom(args, "க");
+    EXPECT_EQ(run.status, 0) << c.args[0] << ": " << run.err;
+    EXPECT_EQ(testing::ReadBytes(folder / "out.txt"), c.expected) << c.args[0];
+    fs::remove(folder / "out.txt");
+  }
+}
+
+// The output is checked against every input before any work, whatever the format.
+TEST(CommandConventions, AnOutputThatIsAnInputIsRefused) {
+  testing::TempFolder folder;
+  testing::WriteBytes(folder / "in.txt", "ka");
+  fs::create_symlink("in.txt", folder / "alias.txt");
+  const std::string in = (folder / "in.txt").string();
+  const std::string alias = (folder / "alias.txt").string();
+  for (const std::vector<std::string>& args : std::vector<std::vector<std::string>>{
+           {"translit", in, "-o", in},
+           {"reverse", in, "-o", alias},
+           {"convert", "--from", "Bamini", "--to", "Unicode", in, "-o", alias},
+           {"convert", "--from", "Bamini", "--to", "Unicode", "letter.odt", "-o", "letter.odt"},
+       }) {
+    const QuilomRun run = Quilom(args);
+    EXPECT_EQ(run.status, 2) << args[0] << ": " << run.err;
+    EXPECT_NE(run.err.find("is the input"), std::string::npos) << args[0] << ": " << run.err;
+  }
+  EXPECT_EQ(testing::ReadBytes(folder / "in.txt"), "ka");
+}
+
+TEST(CommandConventions, OutputFilesAreReplacedSafelyOrNotAtAll) {
+  testing::TempFolder folder;
+  testing::WriteBytes(folder / "locked.txt", "keep");
+  fs::permissions(folder / "locked.txt", fs::perms::owner_read);
+  const QuilomRun locked = Quilom({"translit", "-o", (folder / "locked.txt").string()}, "ka");
+  EXPECT_EQ(locked.status, 1);
+  EXPECT_NE(locked.err.find("cannot write '" + (folder / "locked.txt").string() + "': Permission denied"),
+            std::string::npos)
+      << locked.err;
+  EXPECT_EQ(testing::ReadBytes(folder / "locked.txt"), "keep");
+
+  // A failed run (an unmappable character) leaves the old output and no temporary.
+  testing::WriteBytes(folder / "out.txt", "old");
+  const QuilomRun failed =
+      Quilom({"convert", "--from", "Unicode", "--to", "Tscii", "-o", (folder / "out.txt").string()}, "₹");
+  EXPECT_EQ(failed.status, 1);
+  EXPECT_EQ(testing::ReadBytes(folder / "out.txt"), "old");
+  int entries = 0;
+  for ([[maybe_unused]] const auto& entry : fs::directory_iterator(folder.path())) ++entries;
+  EXPECT_EQ(entries, 2);
+}
+
+}  // namespace
+}  // namespace quilom::cli
