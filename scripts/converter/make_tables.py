@@ -216,10 +216,7 @@ ADDITIONS = {
     # (A4 is ி, A6 is ீ in their character map).
     'tam': [('\u0192', '\u0b99\u0bcd'), ('\u00aa\u00eb\u00f7', '\u0b9e\u0bcc'),
             ('\u00eb\u00a4', '\u0b9e\u0bbf'), ('\u00eb\u00a6', '\u0b9e\u0bc0'),
-            ('\u00f2\u00a6', '\u0baf\u0bc0'), ('\u00f7\u00a4', '\u0bb3\u0bbf'),
-            # The vowel-sign glyphs alone, as the TAMu fonts' character map gives them.
-            ('\u00a2', '\u0bcd'), ('\u00a3', '\u0bbe'), ('\u00a4', '\u0bbf'), ('\u00a6', '\u0bc0'),
-            ('\u00aa', '\u0bc6'), ('\u00ab', '\u0bc7'), ('\u00ac', '\u0bc8')],
+            ('\u00f2\u00a6', '\u0baf\u0bc0'), ('\u00f7\u00a4', '\u0bb3\u0bbf')],
     'tscii': [('\u00a6\u2021\u00aa', '\u0b95\u0bcd\u0bb7\u0bcc')],
 }
 

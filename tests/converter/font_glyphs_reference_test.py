@@ -17,6 +17,7 @@ Exits 77 (skipped) when fontTools, hb-shape or the fonts are missing, 1 on any d
 
 import glob
 import os
+import re
 import shutil
 import subprocess
 import sys
@@ -133,6 +134,20 @@ def Convert(quilom, data, source, target, lines):
             return f.read().replace(b'\r\n', b'\n').split(b'\n')
 
 
+def NotedAsciiGaps(data, encoding):
+    """The ASCII characters the notes say the encoding cannot carry."""
+    path = os.path.join(data, 'Tamil Fonts Converter', 'Encoding notes.txt')
+    with open(path, 'rb') as f:
+        lines = f.read().decode('utf-16').split('\r\n')
+    current = None
+    for line in lines:
+        if not line.startswith(' ') and '(list position' in line:
+            current = line.split(' (')[0]
+        elif current == encoding and line.startswith('  cannot carry ASCII: '):
+            return set(chr(int(code, 16)) for code in re.findall(r'\(([0-9A-F]{4})\)', line))
+    return set()
+
+
 def Hex(data):
     return ' '.join('%02X' % b for b in data)
 
@@ -157,6 +172,14 @@ def CheckFont(quilom, data, encoding, font):
             problems.append('%s: we write %s as %s, which the font draws as %s, not %s' % (
                 encoding, unit, Hex(ours), ' '.join(font.glyphOfByte.get(b, '?') for b in ours),
                 ' '.join(drawable[unit])))
+    # An ASCII byte whose glyph the font uses for Tamil cannot carry the character: the notes
+    # must say so.
+    tamilGlyphs = set(g for glyphs in drawable.values() for g in glyphs)
+    gaps = NotedAsciiGaps(data, encoding)
+    for byte in range(0x21, 0x7F):
+        if font.glyphOfByte.get(byte) in tamilGlyphs and chr(byte) not in gaps:
+            problems.append('%s: the font draws Tamil with the glyph at %02X (%s), yet the notes say %s passes' % (
+                encoding, byte, font.glyphOfByte[byte], chr(byte)))
     return len(units), problems
 
 
