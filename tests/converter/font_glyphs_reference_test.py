@@ -12,7 +12,8 @@ syllable draw the same glyphs. A byte is read for the glyph it maps to; the byte
 must draw the same glyphs or glyphs of the same outline (TSCu fonts draw இ both under AD and
 under FE).
 
-Exits 77 (skipped) when fontTools, hb-shape or the fonts are missing, 1 on any difference.
+Exits 77 (skipped) when hb-shape or the fonts are missing, 1 on any difference or without
+fontTools.
 """
 
 import glob
@@ -191,8 +192,8 @@ def main():
     try:
         import fontTools  # noqa: F401
     except ImportError:
-        print('skipped: no fontTools for %s' % sys.executable)
-        return SKIP
+        print('%s has no fontTools: install python3-fonttools (scripts/install-deps.sh does)' % sys.executable)
+        return 1
     if not shutil.which('hb-shape'):
         print('skipped: no hb-shape')
         return SKIP
