@@ -8,12 +8,15 @@
 #include <iconv.h>
 
 #include <filesystem>
+#include <fstream>
 #include <map>
 #include <memory>
 #include <optional>
 #include <regex>
 #include <set>
+#include <sstream>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "converter/convert_checks.hpp"
@@ -137,6 +140,23 @@ inline std::map<std::u16string, std::set<std::u16string>> NotedGaps(const std::f
     }
   }
   return gaps;
+}
+
+// The Tamil words of the converter tests' paragraphs (tests/converter/data/tamil_paragraphs.txt).
+inline std::vector<std::u16string> ParagraphWords(const std::filesystem::path& sourceDir) {
+  std::ifstream file(sourceDir / "tests" / "converter" / "data" / "tamil_paragraphs.txt", std::ios::binary);
+  std::stringstream buffer;
+  buffer << file.rdbuf();
+  std::vector<std::u16string> words;
+  std::u16string word;
+  for (char16_t ch : text::Utf8ToUtf16(buffer.str()) + u" ") {
+    if (ch >= 0x0B80 && ch <= 0x0BFF) {
+      word.push_back(ch);
+    } else if (!word.empty()) {
+      words.push_back(std::exchange(word, {}));
+    }
+  }
+  return words;
 }
 
 // True when `word` holds one of the syllables the encoding cannot carry.

@@ -4,7 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <fstream>
 #include <sstream>
 #include <utility>
 
@@ -150,19 +149,8 @@ TEST_F(TsciiGlibcReference, BothPlacesOfIAreRead) {
 }
 
 std::vector<std::u16string> ParagraphWords() {
-  std::ifstream file(std::filesystem::path(QUILOM_SOURCE_DIR) / "tests" / "converter" / "data" / "tamil_paragraphs.txt",
-                     std::ios::binary);
-  std::stringstream buffer;
-  buffer << file.rdbuf();
   std::vector<std::u16string> words = {u"ஹோட்டல்", u"ஜெர்மனி", u"அபிஷேகம்", u"ஜௌளி", u"க்ஷேத்திரம்", u"ஸ்ரீ"};
-  std::u16string word;
-  for (char16_t ch : text::Utf8ToUtf16(buffer.str()) + u" ") {
-    if (ch >= 0x0B80 && ch <= 0x0BFF) {
-      word.push_back(ch);
-    } else if (!word.empty()) {
-      words.push_back(std::exchange(word, {}));
-    }
-  }
+  for (std::u16string& word : reference::ParagraphWords(QUILOM_SOURCE_DIR)) words.push_back(std::move(word));
   return words;
 }
 
