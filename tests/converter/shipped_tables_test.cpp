@@ -9,7 +9,6 @@
 #include <fstream>
 #include <map>
 #include <set>
-#include <sstream>
 
 #include "converter/convert_checks.hpp"
 #include "converter/converter_lists.hpp"
