@@ -138,8 +138,9 @@ TSCII_LONE_SIGNS = [('\u00a1', '\u0bbe'), ('\u00a2', '\u0bbf'), ('\u00a3', '\u0b
 def TsciiAlternatives(rows):
     """Forms other TSCII writers use (glibc's converter among them), read as well as TSCII 1.7's
     own: ௌ with the ே glyph in front (A7 ... AA); ஸு, ஸூ, ஹு, ஹூ as the letter's glyph (85, 86)
-    or the dead consonant's (8A, 8B) with the sign; a grantha letter's prefix sign written after the letter (glibc writes
-    ஜெ as 83 A6, ஜொ as 83 A6 A1); the vowel-sign glyphs alone; ௦ at 80, which the facts lack."""
+    or the dead consonant's (8A, 8B) with the sign; a grantha letter's prefix sign written after
+    the letter (glibc writes ஜெ as 83 A6, ஜொ as 83 A6 A1); the vowel-sign glyphs alone; ௦ at
+    80, which the facts lack."""
     extra = []
     for legacy, uni in rows:
         if uni.endswith('\u0bcc') and legacy.startswith('\u00a6') and legacy.endswith('\u00aa'):
@@ -203,7 +204,7 @@ FIXES = {
     # The ௌ length mark is AA, as in every other ௌ syllable; C7 is ள.
     'tscii': [('\u00a6\u2021\u00c7', '\u0b95\u0bcd\u0bb7\u0bcc', None)],
     # The prefix ெ glyph, ள and the ா glyph are ளொ, as for every other consonant.
-    # 'ªë\\÷' for ஞௌ holds a backslash that no other ௌ syllable has.
+    # 'ªë\÷' for ஞௌ holds a backslash that no other ௌ syllable has.
     'tam': [('\u00aa\u00f7\u00a3', '\u0bb3', '\u0bb3\u0bca'), ('\u0192', '\u2018', None),
             ('\u00aa\u00eb\\\u00f7', '\u0b9e\u0bcc', None)],
 }
@@ -217,6 +218,7 @@ ADDITIONS = {
     'tam': [('\u0192', '\u0b99\u0bcd'), ('\u00aa\u00eb\u00f7', '\u0b9e\u0bcc'),
             ('\u00eb\u00a4', '\u0b9e\u0bbf'), ('\u00eb\u00a6', '\u0b9e\u0bc0'),
             ('\u00f2\u00a6', '\u0baf\u0bc0'), ('\u00f7\u00a4', '\u0bb3\u0bbf')],
+    # க்ஷௌ with the length mark at AA, as every other ௌ syllable and the TSCu fonts have it.
     'tscii': [('\u00a6\u2021\u00aa', '\u0b95\u0bcd\u0bb7\u0bcc')],
 }
 
