@@ -31,10 +31,11 @@ ENCODINGS = [('Tscii', 'fonts-taml-tscu/TSCu_Paranar.ttf'), ('Tam', 'fonts-taml-
              ('Tam', 'fonts-taml-tamu/TAMu_Maduram.ttf')]
 # Fonts of the same packages that are only reported on, with the reason.
 REPORTED = {
-    'TSCu_Comic.ttf': 'maps ௭ ௮ ௯ and the letter at 81 to glyphs of other bytes',
-    'TSCu_Times.ttf': 'maps ௧ to the glyph of க and ணூ to the glyph at CF (ணு)',
-    'TSCu_paranarb.ttf': 'maps இ and ஊ to the glyph at 95',
-    'TSCu_paranari.ttf': 'draws ொ and ௌ with the glyphs of ஒ and ஔ',
+    'TSCu_Comic.ttf': 'has no glyph under 96, 97, 98 (௭ ௮ ௯), draws ௧ at 81 with the glyph of க and keeps ணூ, ழூ '
+                      'under other bytes',
+    'TSCu_Times.ttf': 'shapes ௧ to the glyph of க and ணூ to the glyph under CF (ணு)',
+    'TSCu_paranarb.ttf': 'keeps இ, ஊ and நூ under other bytes (95, B7)',
+    'TSCu_paranari.ttf': 'shapes ொ and ௌ with the glyphs under B4 and B6 (ஒ, ஔ)',
     'TAMu_Kadampari.ttf': 'maps each Latin-1 character to the glyph of the next one (é to egrave)',
 }
 # Where a font's ligature tables fall short of the encoding, by encoding: the syllable, the
