@@ -30,6 +30,9 @@ ParsedArgs ParseArgs(const std::vector<std::string>& args, const std::set<std::s
   ParsedArgs parsed;
   // Asking for help wins over whatever else is wrong with the words.
   const auto optionsEnd = std::find(args.begin(), args.end(), "--");
+  if (std::any_of(args.begin(), optionsEnd, [](const std::string& w) { return Canonical(w) == "--quiet"; })) {
+    parsed.flags.insert("--quiet");
+  }
   if (flagOptions.count("--help") &&
       std::any_of(args.begin(), optionsEnd, [](const std::string& w) { return Canonical(w) == "--help"; })) {
     parsed.flags.insert("--help");
@@ -57,7 +60,7 @@ ParsedArgs ParseArgs(const std::vector<std::string>& args, const std::set<std::s
         parsed.error = "option " + name + " needs a value";
         return parsed;
       }
-    } else if (flagOptions.count(name) && equals == std::string::npos) {
+    } else if ((flagOptions.count(name) || name == "--quiet") && equals == std::string::npos) {
       parsed.flags.insert(name);
     } else {
       parsed.error = "unknown option '" + word + "'";
@@ -101,24 +104,38 @@ std::optional<std::string> ReadInputBytes(CommandContext& ctx, const std::string
   return std::string(std::istreambuf_iterator<char>(*stream), std::istreambuf_iterator<char>());
 }
 
-bool ReadTextPieces(CommandContext& ctx, const std::string& file, const std::string& command,
-                    const std::function<void(std::u16string_view)>& piece) {
+bool ReadBytePieces(CommandContext& ctx, const std::string& file, const std::string& command,
+                    const std::function<void(std::string_view)>& piece) {
   std::optional<std::ifstream> opened;
   if (!IsStandardStream(file)) {
     opened = OpenInput(ctx, file, command);
     if (!opened) return false;
   }
   std::istream& in = opened ? *opened : ctx.in;
-  text::TextInputDecoder decoder;
   std::string bytes(kPieceBytes, '\0');
-  std::u16string text;
   while (in) {
     in.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-    text.clear();
-    decoder.Feed(std::string_view(bytes.data(), static_cast<std::size_t>(in.gcount())), text);
-    if (decoder.InvalidAt()) break;
-    piece(text);
+    if (in.gcount() > 0) piece(std::string_view(bytes.data(), static_cast<std::size_t>(in.gcount())));
   }
+  if (in.bad()) {
+    ctx.err << "quilom " << command << ": cannot read '" << (IsStandardStream(file) ? "standard input" : file)
+            << "': " << std::strerror(errno != 0 ? errno : EIO) << "\n";
+    return false;
+  }
+  return true;
+}
+
+bool ReadTextPieces(CommandContext& ctx, const std::string& file, const std::string& command,
+                    const std::function<void(std::u16string_view)>& piece) {
+  text::TextInputDecoder decoder;
+  std::u16string text;
+  const bool read = ReadBytePieces(ctx, file, command, [&](std::string_view bytes) {
+    if (decoder.InvalidAt()) return;
+    text.clear();
+    decoder.Feed(bytes, text);
+    if (!decoder.InvalidAt()) piece(text);
+  });
+  if (!read) return false;
   text.clear();
   decoder.Finish(text);
   if (const std::optional<std::size_t> bad = decoder.InvalidAt()) {
@@ -128,6 +145,13 @@ bool ReadTextPieces(CommandContext& ctx, const std::string& file, const std::str
   }
   piece(text);
   return true;
+}
+
+std::optional<std::uintmax_t> InputSize(const std::string& file) {
+  if (IsStandardStream(file)) return std::nullopt;
+  std::error_code ec;
+  const std::uintmax_t size = std::filesystem::file_size(std::filesystem::u8path(file), ec);
+  return ec ? std::nullopt : std::optional<std::uintmax_t>(size);
 }
 
 bool WriteStandardOutput(CommandContext& ctx, std::string_view bytes, const std::string& command) {
@@ -192,10 +216,13 @@ bool RefuseOutputOverInput(CommandContext& ctx, const std::string& output, const
   return false;
 }
 
-ProgressBar::ProgressBar(CommandContext& ctx, std::string label) : ctx_(ctx), label_(std::move(label)) {}
+ProgressBar::ProgressBar(CommandContext& ctx, std::string label)
+    : ctx_(ctx), label_(std::move(label)), started_(std::chrono::steady_clock::now()) {}
 
 void ProgressBar::Update(int percent) {
-  if (!ctx_.errIsTerminal || percent == shown_) return;
+  if (!ctx_.errIsTerminal || ctx_.quiet || percent == shown_) return;
+  // Work that ends within a moment draws nothing: a bar that flashes by only clutters.
+  if (shown_ < 0 && std::chrono::steady_clock::now() - started_ < ctx_.progressDelay) return;
   shown_ = percent;
   constexpr int kWidth = 40;
   const int filled = percent * kWidth / 100;

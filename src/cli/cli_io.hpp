@@ -1,5 +1,7 @@
 #pragma once
 
+#include <chrono>
+#include <cstdint>
 #include <functional>
 #include <map>
 #include <optional>
@@ -17,7 +19,8 @@ namespace quilom::cli {
 // Splits a subcommand's words into options that take a value, flags, and positional words.
 // Unknown options are errors, so a typo never silently changes what a run does. A value comes
 // after its option or joined to it ("--keymap=NAME"); "--" ends the options; "-o", "-h" and
-// "-q" are "--output", "--help" and "--quiet", under which names they are given and kept.
+// "-q" are "--output", "--help" and "--quiet", under which names they are given and kept;
+// every command takes --quiet (see CommandContext::quiet).
 struct ParsedArgs {
   std::map<std::string, std::string> values;  // "--keymap" -> "Tamil-Unicode-..."
   std::set<std::string> flags;                // "--numerals"
@@ -31,6 +34,14 @@ ParsedArgs ParseArgs(const std::vector<std::string>& args, const std::set<std::s
 // The whole input: the named file, or standard input for "" and "-". On failure writes a
 // message naming the file and the system's reason to ctx.err and returns nothing.
 std::optional<std::string> ReadInputBytes(CommandContext& ctx, const std::string& file, const std::string& command);
+
+// The input (as above) read in pieces of bounded size, each handed to `piece` as it comes.
+// Returns false after a message on ctx.err.
+bool ReadBytePieces(CommandContext& ctx, const std::string& file, const std::string& command,
+                    const std::function<void(std::string_view)>& piece);
+
+// The size of an input file, when it is one whose size is known.
+std::optional<std::uintmax_t> InputSize(const std::string& file);
 
 // The input (as above) read as Unicode text in pieces of bounded size (UTF-8 with or without
 // its mark, UTF-16 with its mark; see text/text_input.hpp), each decoded piece handed to
@@ -73,7 +84,8 @@ class OutputFile {
 bool RefuseOutputOverInput(CommandContext& ctx, const std::string& output, const std::vector<std::string>& inputs,
                            const std::string& command);
 
-// A one-line bar on standard error, drawn only when it is a terminal.
+// A one-line bar on standard error, drawn only when it is a terminal, the run is not quiet
+// (-q), and the work has taken more than a moment (CommandContext::progressDelay).
 class ProgressBar {
  public:
   ProgressBar(CommandContext& ctx, std::string label);
@@ -83,6 +95,7 @@ class ProgressBar {
  private:
   CommandContext& ctx_;
   std::string label_;
+  std::chrono::steady_clock::time_point started_;
   int shown_ = -1;
 };
 

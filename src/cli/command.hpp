@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <filesystem>
 #include <functional>
 #include <iosfwd>
@@ -19,6 +20,9 @@ struct CommandContext {
   std::ostream& err;
   std::filesystem::path dataRoot;  // the "Sorvin" folder: --data DIR, else beside the executable
   bool errIsTerminal = false;      // progress bars are drawn only on a terminal
+  bool quiet = false;              // -q: no progress bar, no notes or warnings; errors still
+  // A progress bar appears only once the work has taken this long.
+  std::chrono::milliseconds progressDelay{700};
 };
 
 struct Command {
@@ -39,6 +43,7 @@ const std::vector<Command>& Commands();
 
 // Runs `quilom <args...>` and returns the exit status; main() and the tests both call this.
 int RunQuilom(const std::vector<std::string>& args, std::istream& in, std::ostream& out, std::ostream& err,
-              const std::filesystem::path& executableDir, bool errIsTerminal);
+              const std::filesystem::path& executableDir, bool errIsTerminal,
+              std::chrono::milliseconds progressDelay = std::chrono::milliseconds{700});
 
 }  // namespace quilom::cli

@@ -29,7 +29,7 @@ RegisterCommand::RegisterCommand(Command command) { Registry().push_back(std::mo
 const std::vector<Command>& Commands() { return Registry(); }
 
 int RunQuilom(const std::vector<std::string>& args, std::istream& in, std::ostream& out, std::ostream& err,
-              const std::filesystem::path& executableDir, bool errIsTerminal) {
+              const std::filesystem::path& executableDir, bool errIsTerminal, std::chrono::milliseconds progressDelay) {
   std::filesystem::path dataRoot = executableDir / "Sorvin";
   size_t i = 0;
   while (i < args.size() && args[i].starts_with("-") && args[i] != "-") {
@@ -73,7 +73,10 @@ int RunQuilom(const std::vector<std::string>& args, std::istream& in, std::ostre
     out << "usage: quilom " << found->usage << "\n" << found->summary << "\n";
     return 0;
   }
-  CommandContext context{{args.begin() + static_cast<long>(i) + 1, args.end()}, in, out, err, dataRoot, errIsTerminal};
+  CommandContext context{words, in, out, err, dataRoot, errIsTerminal};
+  context.progressDelay = progressDelay;
+  context.quiet =
+      std::any_of(words.begin(), optionsEnd, [](const std::string& w) { return w == "-q" || w == "--quiet"; });
   try {
     return found->run(context);
   } catch (const std::exception& e) {

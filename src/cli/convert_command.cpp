@@ -38,6 +38,7 @@
 #include "converter/encoding_list.hpp"
 #include "converter/legacy_bytes.hpp"
 #include "converter/plain_text_editor.hpp"
+#include "converter/plain_text_stream.hpp"
 #include "converter/unmappable_characters.hpp"
 #include "settings/data_folders.hpp"
 #include "settings/text_file.hpp"
@@ -51,7 +52,6 @@ namespace {
 using namespace quilom::converter;
 
 constexpr const char* kName = "convert";
-constexpr std::size_t kProgressBarFrom = 1 << 20;  // bytes of input
 
 // No one to ask: a command-line run converts the whole text, and several named legacy fonts
 // are converted one font after another (the "No" answer to the "Any Font" question).
@@ -296,59 +296,71 @@ bool RunSteps(CommandContext& ctx, const EncodingList& list, const Options& opti
   return true;
 }
 
-// Without --legacy-text, legacy input is the font's byte codes as they are: bytes that happen to
-// form valid UTF-8 are glyph codes all the same. A byte-order mark says the file is text, which
-// bytes of a legacy font never open with, so it is refused rather than read as three glyphs.
-std::optional<std::u16string> DecodeInput(CommandContext& ctx, const Options& options, const std::string& bytes) {
-  if (ReadsLegacyBytes(options)) {
-    if (text::StartsWithByteOrderMark(bytes)) {
-      const std::string from = text::Utf16ToUtf8(options.fromName);
-      ctx.err << "quilom convert: the input opens with a byte-order mark, so it is text, not " << from
-              << " bytes: give --legacy-text if it holds the characters a " << from
-              << " font shows (text saved from a word processor), or --from Unicode if it is Unicode Tamil\n";
-      return std::nullopt;
+// Turns the input's bytes into text as they come. Without --legacy-text, legacy input is the
+// font's byte codes as they are: bytes that happen to form valid UTF-8 are glyph codes all the
+// same. A byte-order mark says the file is text, which bytes of a legacy font never open with,
+// so it is refused rather than read as glyphs. Unicode input is text in one of its forms.
+class InputDecoder {
+ public:
+  InputDecoder(CommandContext& ctx, const Options& options) : ctx_(ctx), options_(options) {}
+
+  // The text of the next piece of bytes; nothing after a message when the input is refused.
+  std::optional<std::u16string> Feed(std::string_view bytes) {
+    if (failed_) return std::nullopt;
+    if (ReadsLegacyBytes(options_)) {
+      if (first_ && text::StartsWithByteOrderMark(bytes)) return Refuse(MarkedLegacyMessage());
+      first_ = false;
+      return LegacyBytesToText(bytes);
     }
-    return LegacyBytesToText(bytes);
+    std::u16string text;
+    decoder_.Feed(bytes, text);
+    if (decoder_.InvalidAt()) return Refuse(InvalidTextMessage());
+    return text;
   }
-  text::DecodedText decoded = text::DecodeTextInput(bytes);
-  if (decoded.invalidAt) {
-    char byte[8];
-    std::snprintf(byte, sizeof byte, "0x%02X", static_cast<unsigned char>(bytes[*decoded.invalidAt]));
-    ctx.err << "quilom convert: the input is not valid " << text::TextFormName(decoded.form) << ": byte " << byte
-            << " at offset " << *decoded.invalidAt;
-    if (options.from == 0) {
-      ctx.err << " (legacy-font text? name its encoding with --from)";
-    }
-    ctx.err << "\n";
+
+  std::optional<std::u16string> Finish() {
+    std::u16string text;
+    if (failed_ || ReadsLegacyBytes(options_)) return failed_ ? std::nullopt : std::optional(text);
+    decoder_.Finish(text);
+    if (decoder_.InvalidAt()) return Refuse(InvalidTextMessage());
+    return text;
+  }
+
+ private:
+  std::optional<std::u16string> Refuse(const std::string& message) {
+    failed_ = true;
+    ctx_.err << "quilom convert: " << message << "\n";
     return std::nullopt;
   }
-  return std::move(decoded.text);
-}
 
-// One step of a plain-text request over the text, through the same run as the window's.
-std::optional<std::u16string> RunPlainStep(CommandContext& ctx, const ConversionRequest& request, std::u16string text,
-                                           bool showProgress) {
-  PlainTextEditor editor(std::move(text));
-  ProgressBar bar(ctx, "converting");
-  if (showProgress) {
-    editor.SetApplyProgress([&bar](int percent) { bar.Update(percent); });
+  std::string MarkedLegacyMessage() const {
+    const std::string from = text::Utf16ToUtf8(options_.fromName);
+    return "the input opens with a byte-order mark, so it is text, not " + from + " bytes: give --legacy-text if " +
+           "it holds the characters a " + from + " font shows (text saved from a word processor), or --from " +
+           "Unicode if it is Unicode Tamil";
   }
-  NoQuestionsPrompter prompter;
-  if (RunConversion(request, editor, prompter, {}, NowSeconds).status != RunStatus::Completed) {
-    ctx.err << "quilom convert: the conversion failed (see the report above)\n";
-    return std::nullopt;
-  }
-  std::u16string converted = editor.Text();
-  if (showProgress) {
-    bar.Finish();
-  }
-  return converted;
-}
 
-// Legacy text goes out as its bytes, unless it was asked for as text (--legacy-text), its
-// glyph codes lie outside the byte range (Tace, Stmzh), or characters no byte shows were kept.
-std::string EncodeOutput(const Options& options, const std::u16string& text, bool keptUnmappable) {
-  if (options.to == 0 || !StoresLegacyBytes(options.toName) || options.legacyText || keptUnmappable) {
+  std::string InvalidTextMessage() const {
+    std::string message = "the input is not valid " + std::string(text::TextFormName(decoder_.Form())) +
+                          ": the byte at offset " + std::to_string(*decoder_.InvalidAt()) +
+                          " is not part of a character";
+    if (options_.from == 0) message += " (legacy-font text? name its encoding with --from)";
+    return message;
+  }
+
+  CommandContext& ctx_;
+  const Options& options_;
+  text::TextInputDecoder decoder_;
+  bool first_ = true;
+  bool failed_ = false;
+};
+
+// Legacy text goes out as its bytes, unless it was asked for as text (--legacy-text, or
+// --unmappable keep, which keeps characters no byte shows), or its glyph codes lie outside the
+// byte range (Tace, Stmzh).
+std::string EncodeOutput(const Options& options, const std::u16string& text) {
+  const bool asText = options.legacyText || options.unmappable.policy == UnmappablePolicy::Keep;
+  if (options.to == 0 || !StoresLegacyBytes(options.toName) || asText) {
     return text::Utf16ToUtf8(text);
   }
   std::size_t unencodable = 0;
@@ -372,50 +384,136 @@ std::optional<LegacyRepertoire> TargetRepertoire(CommandContext& ctx, const Opti
   return repertoire;
 }
 
-int ConvertPlainText(CommandContext& ctx, const EncodingList& list, const Options& options, const std::string& input,
-                     const std::string& output) {
-  const std::optional<std::string> bytes = ReadInputBytes(ctx, input, kName);
-  if (!bytes) {
-    return kExitFailed;
+std::optional<std::vector<PlainTextStep>> PlainTextSteps(CommandContext& ctx, const EncodingList& list,
+                                                         const Options& options) {
+  std::vector<PlainTextStep> steps;
+  const std::vector<std::pair<int, int>> positions = Steps(options);
+  for (std::size_t i = 0; i < positions.size(); ++i) {
+    const auto [from, to] = positions[i];
+    std::optional<ConversionRequest> request = RequestFor(ctx, list, options, from, to, i > 0);
+    if (!request) return std::nullopt;
+    PlainTextStep step{std::move(*request), std::nullopt};
+    if (to != 0) {
+      step.target = TargetRepertoire(ctx, options, to);
+      if (!step.target) return std::nullopt;
+    }
+    steps.push_back(std::move(step));
   }
-  std::optional<std::u16string> text = DecodeInput(ctx, options, *bytes);
-  if (!text) {
-    return kExitFailed;
+  return steps;
+}
+
+// Where converted text goes: standard output, or an output file that is put in place only when
+// the whole run succeeded. Under --unmappable stop nothing more is written once a character
+// that cannot be held was met.
+class PlainTextOutput {
+ public:
+  PlainTextOutput(CommandContext& ctx, const Options& options, const std::string& output)
+      : ctx_(ctx), options_(options), toFile_(!output.empty() && output != "-") {
+    if (toFile_) {
+      file_.emplace(ctx, kName);
+      ok_ = file_->Open(output);
+    }
   }
-  const bool showProgress = bytes->size() >= kProgressBarFrom;
+
+  bool Ok() const { return ok_; }
+
+  void Write(const std::u16string& text, bool held) {
+    if (!ok_ || text.empty()) return;
+    if (!held) {
+      stopped_ = true;
+      return;
+    }
+    if (stopped_) return;
+    const std::string bytes = EncodeOutput(options_, text);
+    ok_ = toFile_ ? file_->Write(bytes) : WriteStandardOutput(ctx_, bytes, kName);
+    written_ += bytes.size();
+  }
+
+  bool Commit() { return ok_ && (!toFile_ || file_->Commit()); }
+
+  bool ToFile() const { return toFile_; }
+  std::size_t Written() const { return written_; }
+
+ private:
+  CommandContext& ctx_;
+  const Options& options_;
+  bool toFile_;
+  std::optional<OutputFile> file_;
+  bool ok_ = true;
+  bool stopped_ = false;
+  std::size_t written_ = 0;
+};
+
+// Converts one input file (or standard input) into the output, piece by piece.
+struct InputResult {
+  bool ok = false;
   UnmappableFindings findings;
-  const std::vector<std::pair<int, int>> steps = Steps(options);
-  for (std::size_t i = 0; i < steps.size(); ++i) {
-    const auto [from, to] = steps[i];
-    const std::optional<ConversionRequest> request = RequestFor(ctx, list, options, from, to, i > 0);
-    if (!request) {
-      return kExitFailed;
-    }
-    if (to == 0) {
-      text = RunPlainStep(ctx, *request, std::move(*text), showProgress);
-      if (!text) return kExitFailed;
-      continue;
-    }
-    const std::optional<LegacyRepertoire> repertoire = TargetRepertoire(ctx, options, to);
-    if (!repertoire) {
-      return kExitUsage;
-    }
-    UnmappableGuard guard(*repertoire, options.unmappable.policy, options.unmappable.replacement);
-    const std::u16string source = guard.PrepareSource(*text);
-    text = RunPlainStep(ctx, *request, source, showProgress);
-    if (!text) return kExitFailed;
-    text = guard.FinishWritten(*text, source);
-    findings = guard.Findings();
+};
+
+InputResult ConvertPlainInput(CommandContext& ctx, const Options& options, const std::vector<PlainTextStep>& steps,
+                              const std::string& input, PlainTextOutput& output, ProgressBar& bar, std::uintmax_t& done,
+                              std::uintmax_t total) {
+  PlainTextStream stream(steps, options.unmappable.policy, options.unmappable.replacement);
+  InputDecoder decoder(ctx, options);
+  const bool stop = options.unmappable.policy == UnmappablePolicy::Stop;
+  bool ok = true;
+  std::u16string converted;
+  const auto convert = [&](const std::optional<std::u16string>& text, bool last) {
+    ok = ok && text && (last ? stream.Finish(converted) : stream.Feed(*text, converted));
+    if (!ok) return;
+    output.Write(converted, !stop || stream.Findings().count == 0);
+    converted.clear();
+  };
+  const bool read = ReadBytePieces(ctx, input, kName, [&](std::string_view bytes) {
+    if (!ok) return;
+    convert(decoder.Feed(bytes), false);
+    done += bytes.size();
+    if (total > 0) bar.Update(static_cast<int>(done * 100 / total));
+  });
+  if (read && ok) {
+    const std::optional<std::u16string> rest = decoder.Finish();
+    ok = rest && stream.Feed(*rest, converted);
+    if (ok) convert(std::u16string(), true);
   }
-  if (findings.count > 0 && options.unmappable.policy == UnmappablePolicy::Stop) {
-    ReportUnmappableStop(ctx.err, findings, options.toName);
+  return {read && ok, stream.Findings()};
+}
+
+std::string InputName(const std::string& input) { return input.empty() || input == "-" ? "standard input" : input; }
+
+int ConvertPlainText(CommandContext& ctx, const EncodingList& list, const Options& options,
+                     const std::vector<std::string>& inputs, const std::string& outputName) {
+  const std::optional<std::vector<PlainTextStep>> steps = PlainTextSteps(ctx, list, options);
+  if (!steps) {
+    return kExitUsage;
+  }
+  PlainTextOutput output(ctx, options, outputName);
+  if (!output.Ok()) {
     return kExitFailed;
   }
-  if (findings.count > 0) {
-    ReportUnmappableWarning(ctx.err, options.unmappable, findings, options.toName);
+  std::uintmax_t total = 0, done = 0;
+  for (const std::string& input : inputs) total += InputSize(input).value_or(0);
+  ProgressBar bar(ctx, "converting");
+  UnmappableFindings findings;
+  std::string firstIn;
+  for (const std::string& input : inputs) {
+    const InputResult result = ConvertPlainInput(ctx, options, *steps, input, output, bar, done, total);
+    if (!result.ok) return kExitFailed;
+    if (result.findings.first && !findings.first) firstIn = InputName(input);
+    findings.count += result.findings.count;
+    if (!findings.first) findings.first = result.findings.first;
   }
-  const bool kept = findings.count > 0 && options.unmappable.policy == UnmappablePolicy::Keep;
-  if (!WriteOutputBytes(ctx, output, EncodeOutput(options, *text, kept), kName)) {
+  bar.Finish();
+  const std::string where = inputs.size() > 1 ? " in " + firstIn : "";
+  if (findings.count > 0 && options.unmappable.policy == UnmappablePolicy::Stop) {
+    ReportUnmappableStop(
+        ctx.err, findings, options.toName, where,
+        output.ToFile() || output.Written() == 0 ? "nothing was written" : "standard output holds the text before it");
+    return kExitFailed;
+  }
+  if (findings.count > 0 && !ctx.quiet) {
+    ReportUnmappableWarning(ctx.err, options.unmappable, findings, options.toName, where);
+  }
+  if (!output.Commit()) {
     return kExitFailed;
   }
   return findings.count > 0 ? kExitLeftOvers : kExitDone;
@@ -455,7 +553,7 @@ int ConvertDocument(CommandContext& ctx, const EncodingList& list, const Options
 }
 
 std::string Usage() {
-  return "convert --from ENCODING --to ENCODING [FILE] [-o|--output OUT] [--legacy-text] "
+  return "convert --from ENCODING --to ENCODING [FILE...] [-o|--output OUT] [--legacy-text] [-q] "
          "[--unmappable stop|skip|replace|keep] [--replacement CHAR] [--decorative-quotes] [--plain-ra] "
          "[--keep-vowel-sign-glyphs] [--legacy-font NAME]... [--unicode-font NAME] [--font NAME] [--help]";
 }
@@ -570,8 +668,8 @@ int RunConvert(CommandContext& ctx) {
             << kExitCodeHelp;
     return kExitDone;
   }
-  if (!parsed.error.empty() || parsed.positional.size() > 1) {
-    ctx.err << "quilom convert: " << (parsed.error.empty() ? "give at most one input file" : parsed.error) << "\n";
+  if (!parsed.error.empty()) {
+    ctx.err << "quilom convert: " << parsed.error << "\n";
     return kExitUsage;
   }
   const EncodingList list = LoadEncodingList(ConverterFolder(ctx));
@@ -584,19 +682,24 @@ int RunConvert(CommandContext& ctx) {
     return kExitUsage;
   }
   options->legacyFonts = std::move(legacyFonts);
-  const std::string input = parsed.positional.empty() ? "" : parsed.positional[0];
+  const std::vector<std::string> inputs = parsed.positional.empty() ? std::vector<std::string>{""} : parsed.positional;
+  const std::string& input = inputs.front();
   const std::string output = parsed.values.count("--output") ? parsed.values.at("--output") : "";
-  if (RefuseOutputOverInput(ctx, output, {input}, kName)) {
+  if (RefuseOutputOverInput(ctx, output, inputs, kName)) {
     return kExitUsage;
   }
   const std::string extension = input.empty() ? "" : DocumentExtension(std::filesystem::u8path(input));
   options->document = IsDocumentExtension(extension) || FindDocumentBackend(extension) != nullptr;
   if (!options->document) {
-    if (HasFontOptions(*options)) {
+    if (HasFontOptions(*options) && !ctx.quiet) {
       ctx.err << "quilom convert: note: plain text has no fonts; --legacy-font, --unicode-font and --font "
                  "are for documents and are ignored\n";
     }
-    return ConvertPlainText(ctx, list, *options, input, output);
+    return ConvertPlainText(ctx, list, *options, inputs, output);
+  }
+  if (inputs.size() > 1) {
+    ctx.err << "quilom convert: convert one document at a time\n";
+    return kExitUsage;
   }
   const std::string problem = DocumentFontsProblem(*options, LoadDefaultFonts(ConverterFolder(ctx)));
   if (!problem.empty()) {

@@ -1,5 +1,6 @@
 // `quilom reverse`: Tamil Unicode text back to the Latin spelling the phonetic keymap types.
 
+#include <algorithm>
 #include <filesystem>
 #include <memory>
 #include <ostream>
@@ -9,7 +10,7 @@
 #include "cli/exit_codes.hpp"
 #include "settings/data_folders.hpp"
 #include "settings/error_report.hpp"
-#include "text/text_input.hpp"
+#include "text/line_blocks.hpp"
 #include "text/utf.hpp"
 #include "tools/reverse_transliteration.hpp"
 
@@ -45,19 +46,6 @@ class ScopedStreamReporter {
   std::shared_ptr<ErrorReporter> previous_;
 };
 
-std::optional<std::string> ReadSource(CommandContext& ctx, const ParsedArgs& parsed,
-                                      const settings::DataFolders& folders) {
-  if (parsed.flags.count("--sample")) {
-    const auto sample = folders.mainDataFolder / "inps" / "sample-for-rt.txt";
-    if (!std::filesystem::exists(sample)) {
-      ctx.err << "quilom reverse: the sample text is missing: " << sample.string() << "\n";
-      return std::nullopt;
-    }
-    return text::Utf16ToUtf8(tools::LoadReverseSample(folders.mainDataFolder));
-  }
-  return ReadInputBytes(ctx, parsed.positional.empty() ? "" : parsed.positional[0], kName);
-}
-
 std::optional<tools::ReverseWordList> LoadWords(CommandContext& ctx, const ParsedArgs& parsed,
                                                 const settings::DataFolders& folders) {
   if (parsed.flags.count("--no-word-list")) return tools::ReverseWordList{};
@@ -69,6 +57,51 @@ std::optional<tools::ReverseWordList> LoadWords(CommandContext& ctx, const Parse
   }
   return tools::LoadReverseWordList(folders.mainDataFolder);
 }
+
+// Whole lines at a time: a word never spans a line break, and with --keep-graves a block only
+// ends where the grave accents so far are paired, so the result is the whole text's.
+class ReverseRun {
+ public:
+  ReverseRun(const ParsedArgs& parsed, const tools::ReverseWordList& words)
+      : parsed_(parsed),
+        words_(words),
+        options_{parsed.flags.count("--numerals") > 0, parsed.flags.count("--signs") > 0,
+                 parsed.flags.count("--keep-graves") > 0, parsed.flags.count("--typeable") > 0} {
+    if (options_.keepGraves) {
+      blocks_.SetEndRule(
+          [](std::u16string_view block) { return std::count(block.begin(), block.end(), u'`') % 2 == 0; });
+    }
+  }
+
+  // Gives the Latin text of the lines the piece completes.
+  std::string Add(std::u16string_view piece) {
+    std::optional<std::u16string> block = blocks_.Add(piece);
+    return block ? Convert(*block) : std::string();
+  }
+
+  std::string Finish() { return Convert(blocks_.Rest()); }
+
+  std::string Counts() const {
+    return text::Utf16ToUtf8(tools::ReverseCharacterCountsText(inputLength_, outputLength_));
+  }
+
+ private:
+  std::string Convert(std::u16string_view block) {
+    std::u16string output = tools::ReverseTransliterate(block, options_, words_);
+    if (parsed_.flags.count("--remove-graves")) output = tools::RemoveGraveAccents(output);
+    if (parsed_.flags.count("--lower")) output = tools::OutputToLowerCase(output);
+    inputLength_ += block.size();
+    outputLength_ += output.size();
+    return text::Utf16ToUtf8(output);
+  }
+
+  const ParsedArgs& parsed_;
+  const tools::ReverseWordList& words_;
+  tools::ReverseOptions options_;
+  text::LineBlocks blocks_;
+  std::size_t inputLength_ = 0;
+  std::size_t outputLength_ = 0;
+};
 
 int RunReverse(CommandContext& ctx) {
   const ParsedArgs parsed = ParseArgs(ctx.args, {"--output"},
@@ -82,31 +115,36 @@ int RunReverse(CommandContext& ctx) {
   if (RefuseOutputOverInput(ctx, target, parsed.positional, kName)) return kExitUsage;
   ScopedStreamReporter reporter(ctx.err);
   const auto folders = settings::DataFolders::ForDataRoot(ctx.dataRoot);
-  const auto bytes = ReadSource(ctx, parsed, folders);
-  if (!bytes) return kExitFailed;
-  const text::DecodedText decoded = text::DecodeTextInput(*bytes);
-  if (decoded.invalidAt) {
-    ctx.err << "quilom reverse: the input is not valid " << text::TextFormName(decoded.form) << ": the byte at offset "
-            << *decoded.invalidAt << " is not part of a character\n";
-    return kExitFailed;
-  }
   const auto words = LoadWords(ctx, parsed, folders);
   if (!words) return kExitFailed;
 
-  const std::u16string& input = decoded.text;
-  const tools::ReverseOptions options{parsed.flags.count("--numerals") > 0, parsed.flags.count("--signs") > 0,
-                                      parsed.flags.count("--keep-graves") > 0, parsed.flags.count("--typeable") > 0};
-  ProgressBar bar(ctx, "reverse");
-  std::u16string output = tools::ReverseTransliterate(input, options, *words, [&](size_t index, size_t count) {
-    bar.Update(count < 2 ? 100 : static_cast<int>(index * 100 / (count - 1)));
-  });
-  bar.Finish();
-  if (parsed.flags.count("--remove-graves")) output = tools::RemoveGraveAccents(output);
-  if (parsed.flags.count("--lower")) output = tools::OutputToLowerCase(output);
-  if (parsed.flags.count("--counts")) {
-    ctx.err << text::Utf16ToUtf8(tools::ReverseCharacterCountsText(input.size(), output.size())) << "\n";
+  std::optional<OutputFile> file;
+  if (!target.empty() && target != "-") {
+    file.emplace(ctx, kName);
+    if (!file->Open(target)) return kExitFailed;
   }
-  return WriteOutputBytes(ctx, target, text::Utf16ToUtf8(output), kName) ? kExitDone : kExitFailed;
+  bool written = true;
+  const auto write = [&](const std::string& bytes) {
+    if (written && !bytes.empty()) written = file ? file->Write(bytes) : WriteStandardOutput(ctx, bytes, kName);
+  };
+  ReverseRun run(parsed, *words);
+  bool read = true;
+  if (parsed.flags.count("--sample")) {
+    const auto sample = folders.mainDataFolder / "inps" / "sample-for-rt.txt";
+    if (!std::filesystem::exists(sample)) {
+      ctx.err << "quilom reverse: the sample text is missing: " << sample.string() << "\n";
+      return kExitFailed;
+    }
+    write(run.Add(tools::LoadReverseSample(folders.mainDataFolder)));
+  } else {
+    read = ReadTextPieces(ctx, parsed.positional.empty() ? "" : parsed.positional[0], kName,
+                          [&](std::u16string_view piece) { write(run.Add(piece)); });
+  }
+  if (!read) return kExitFailed;
+  write(run.Finish());
+  if (parsed.flags.count("--counts")) ctx.err << run.Counts() << "\n";
+  if (written && file) written = file->Commit();
+  return written ? kExitDone : kExitFailed;
 }
 
 const RegisterCommand registration({

@@ -63,17 +63,18 @@ std::optional<UnmappableChoice> ReadUnmappableChoice(const ParsedArgs& parsed, s
   return choice;
 }
 
-void ReportUnmappableStop(std::ostream& err, const UnmappableFindings& findings, std::u16string_view encoding) {
+void ReportUnmappableStop(std::ostream& err, const UnmappableFindings& findings, std::u16string_view encoding,
+                          const std::string& where, const std::string& written) {
   err << "quilom convert: " << Count(findings.count) << " cannot be written in " << text::Utf16ToUtf8(encoding)
-      << "; the first is " << First(findings) << ".\n"
-      << "quilom convert: nothing was written; --unmappable skip, replace (--replacement CHAR) or keep writes "
-         "the rest\n";
+      << "; the first is " << First(findings) << where << ".\n"
+      << "quilom convert: " << written << "; --unmappable skip, replace (--replacement CHAR) or keep writes "
+      << "the rest\n";
 }
 
 void ReportUnmappableWarning(std::ostream& err, const UnmappableChoice& choice, const UnmappableFindings& findings,
-                             std::u16string_view encoding) {
+                             std::u16string_view encoding, const std::string& where) {
   err << "quilom convert: warning: " << Count(findings.count) << " cannot be written in " << text::Utf16ToUtf8(encoding)
-      << " (the first is " << First(findings) << "): ";
+      << " (the first is " << First(findings) << where << "): ";
   switch (choice.policy) {
     case UnmappablePolicy::Skip:
       err << "left out\n";
@@ -83,7 +84,7 @@ void ReportUnmappableWarning(std::ostream& err, const UnmappableChoice& choice, 
       break;
     case UnmappablePolicy::Keep:
     case UnmappablePolicy::Stop:
-      err << "kept as they are, so the output is UTF-8 text, not " << text::Utf16ToUtf8(encoding) << " bytes\n";
+      err << "kept as they are in the UTF-8 text of the " << text::Utf16ToUtf8(encoding) << " view\n";
       break;
   }
 }
