@@ -98,10 +98,6 @@ void PrintGlibc(const Agreement& a) {
   std::printf("  glibc misreads ours, e.g.: %s\n\n", Joined(a.glibcMisreads).c_str());
 }
 
-struct Held {
-  int syllables = 0, numerals = 0, signs = 0, ascii = 0;
-};
-
 int CountHeld(const reference::Tables& tables, const std::vector<std::u16string>& units) {
   int held = 0;
   for (const std::u16string& unit : units) held += tables.RoundTrips(unit) ? 1 : 0;
@@ -129,8 +125,8 @@ void PrintEncodings() {
   const EncodingList list = LoadEncodingList(ConverterFolder());
   const auto gaps = reference::NotedGaps(ConverterFolder());
   const int pieces = static_cast<int>(reference::Tokens(reference::kProse).size());
-  std::printf("%-14s %9s %8s %6s %6s   prose pieces back (of %d), lost outside the noted gaps\n", "Encoding",
-              "syllables", "numerals", "signs", "ASCII", pieces);
+  std::printf("%-14s %9s %8s %6s %6s %6s   prose pieces back (of %d), lost outside the noted gaps\n", "Encoding",
+              "syllables", "numerals", "signs", "ASCII", "marks", pieces);
   for (int position = 1; position < static_cast<int>(list.names.size()); ++position) {
     const std::u16string& name = list.names[static_cast<std::size_t>(position)];
     const reference::Tables tables = reference::LoadTables(ConverterFolder(), position);
@@ -138,9 +134,10 @@ void PrintEncodings() {
     const auto share = [&](const std::vector<std::u16string>& units) {
       return std::to_string(CountHeld(tables, units)) + "/" + std::to_string(units.size());
     };
-    std::printf("%-14s %9s %8s %6s %6s   %d, %d\n", Utf16ToUtf8(name).c_str(), share(reference::Syllables()).c_str(),
-                share(reference::Numerals()).c_str(), share(reference::LoneSigns()).c_str(),
-                share(reference::Ascii()).c_str(), same, unexcused);
+    std::printf("%-14s %9s %8s %6s %6s %6s   %d, %d\n", Utf16ToUtf8(name).c_str(),
+                share(reference::Syllables()).c_str(), share(reference::Numerals()).c_str(),
+                share(reference::LoneSigns()).c_str(), share(reference::Ascii()).c_str(),
+                share(reference::Typographic()).c_str(), same, unexcused);
   }
 }
 

@@ -95,8 +95,11 @@ NUMERALS = [chr(c) for c in range(0x0BE6, 0x0BF3)]
 LONE_SIGNS = SIGNS[1:] + ['\u0bd7']
 # Printable ASCII: English words, digits and punctuation that Tamil prose carries along.
 ASCII = [chr(c) for c in range(0x21, 0x7F)]
+# The typographic marks word processors put into prose for quotes, dashes and lists.
+TYPOGRAPHIC = ['\u2018', '\u2019', '\u201c', '\u201d', '\u2013', '\u2014', '\u2026', '\u2022']
 # What the walk of each encoding covers, by the name the notes give it.
-UNIT_KINDS = [('syllables', None), ('numerals', NUMERALS), ('signs', LONE_SIGNS), ('ASCII', ASCII)]
+UNIT_KINDS = [('syllables', None), ('numerals', NUMERALS), ('signs', LONE_SIGNS), ('ASCII', ASCII),
+              ('typographic marks', TYPOGRAPHIC)]
 
 QUOTES = ["'", '"', '\u2018', '\u2019', '\u201c', '\u201d']
 
@@ -384,11 +387,12 @@ class Encoding:
         return composed
 
     def PunctuationPairs(self):
-        """ASCII characters whose code the font gives to a Tamil glyph are written where the font
+        """ASCII characters and typographic marks whose code the font gives to a Tamil glyph (or
+        reads as another character) are written where the font
         keeps them instead (Bamini's comma is '>'), where it has such a place. Each pair finds one
         character and comes before every Tamil pair, so nothing converts its output again."""
         pairs = []
-        for mark in ASCII:
+        for mark in ASCII + TYPOGRAPHIC:
             if self.Decode(mark) == mark:
                 continue
             places = [c for c in self.candidates.get(mark, []) if len(c) == 1 and self.Decode(c) == mark]
@@ -440,7 +444,7 @@ def GapLines(failures):
         if failures[kind]:
             lines.append('  %s: %s' % (label, ', '.join('%s (%s)' % (u, Hex(u)) for u in failures[kind])))
     if not any(failures.values()):
-        lines.append('  carries every syllable, numeral, sign and ASCII character.')
+        lines.append('  carries every syllable, numeral, sign, ASCII character and typographic mark.')
     return lines
 
 
@@ -461,7 +465,7 @@ def SummaryRow(name, failures):
 
 
 def SummaryTable(rows):
-    header = ['Encoding'] + [kind for kind, _ in UNIT_KINDS] + ['prose loses', 'English letters lost']
+    header = ['Encoding'] + [kind.split()[0] for kind, _ in UNIT_KINDS] + ['prose loses', 'English letters lost']
     widths = [max(len(r[i]) for r in [header] + rows) + 2 for i in range(len(header))]
     lines = ['What each encoding holds: units that come back from Unicode to the encoding and back',
              '(the same as the lists under each encoding below). A round trip of prose gives it back but for',
@@ -505,8 +509,9 @@ def main():
         '  253 + p  Unicode to legacy; ர், ரி, ரீ written with the plain ர glyph and the sign',
         'Unicode-to-legacy tables convert Tamil letters, and the ASCII characters whose code the font gives to a',
         'Tamil glyph where the font keeps them elsewhere (Bamini\'s comma is ">"): those pairs find one character',
-        'each and come first. Other ASCII passes as it is; what then reads back as Tamil is listed under',
-        '"cannot carry ASCII". Decomposed vowel signs (U+0BC6 U+0BBE...) are joined first.',
+        'each and come first; typographic marks (curly quotes, dashes, ellipsis, bullet) likewise. Other ASCII',
+        'and marks pass as they are; what then reads back as something else is listed under "cannot carry ASCII"',
+        'and "cannot carry typographic marks". Decomposed vowel signs (U+0BC6 U+0BBE...) are joined first.',
         'QuilomPlus-LegacyQuotes.txt: line p holds the quote characters of encoding p (those its glyphs leave',
         'free), separated by five blanks.',
         '',
@@ -552,7 +557,7 @@ def main():
         sections += GapLines(failures)
         moved = encoding.PunctuationPairs()
         if moved:
-            sections.append('  writes ASCII at the font\'s own places for it: ' +
+            sections.append('  writes ASCII and marks at the font\'s own places for them: ' +
                             ', '.join('%s as %s' % (mark, place) for mark, place in moved))
         sections += ['  ' + n for n in encoding.notes]
         sections.append('')

@@ -69,10 +69,19 @@ inline std::vector<std::u16string> Ascii() {
   return all;
 }
 
+// The marks word processors put into prose for quotes, dashes and lists.
+inline std::vector<std::u16string> Typographic() {
+  std::vector<std::u16string> all;
+  for (char16_t c : std::u16string_view(u"‘’“”–—…•")) all.emplace_back(1, c);
+  return all;
+}
+
 // Every unit the notes file reports on, in its order.
 inline std::vector<std::u16string> AllUnits() {
   std::vector<std::u16string> all = Syllables();
-  for (const auto& more : {Numerals(), LoneSigns(), Ascii()}) all.insert(all.end(), more.begin(), more.end());
+  for (const auto& more : {Numerals(), LoneSigns(), Ascii(), Typographic()}) {
+    all.insert(all.end(), more.begin(), more.end());
+  }
   return all;
 }
 
@@ -177,7 +186,8 @@ inline bool HoldsGap(const std::u16string& word, const std::set<std::u16string>&
 inline constexpr std::u16string_view kProse =
     u"விலை 250/- மட்டும்; (GST 18% உட்பட) - \"அருமை!\" என்றார் 'ராஜா'.\n"
     u"கூட்டம் 10:30 மணிக்கு, Chennai நகரில் நடக்குமா? ஆம்: ஜெர்மனி, ஹோட்டல், க்ஷேத்திரம் - 3/4 பங்கு.\n"
-    u"பொங்கல், தங்கம், ஸ்ரீ ராமன் (Sri Raman) வந்தார்! ஔவை, ஷோ, ஜௌளி, ளொ.";
+    u"பொங்கல், தங்கம், ஸ்ரீ ராமன் (Sri Raman) வந்தார்! ஔவை, ஷோ, ஜௌளி, ளொ.\n"
+    u"“நல்லது” – என்றார்; ‘சரி’ — என்றேன்…";
 
 inline std::vector<std::u16string> Tokens(std::u16string_view text) {
   return text::Split(text::ReplaceAll(text, u"\n", u" "), u" ");

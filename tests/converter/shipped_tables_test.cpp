@@ -115,7 +115,7 @@ TEST(ShippedTables, ProseComesBackButForTheNotedGaps) {
 // A character that the encoding reads as something else passes through only when a Unicode-to-
 // legacy pair finds exactly that character, ahead of every Tamil pair (the converter reports the
 // others as unmappable); every other such character is a noted gap.
-TEST(ShippedTables, AsciiOnTamilGlyphsHasItsOwnPairAheadOfTheTamilPairs) {
+TEST(ShippedTables, AsciiAndMarksOnTamilGlyphsHaveTheirOwnPairAheadOfTheTamilPairs) {
   const EncodingList list = LoadEncodingList(Folder());
   const auto gaps = NotedGaps();
   for (int position = 1; position < static_cast<int>(list.names.size()); ++position) {
@@ -125,7 +125,9 @@ TEST(ShippedTables, AsciiOnTamilGlyphsHasItsOwnPairAheadOfTheTamilPairs) {
       const std::vector<TablePair> pairs = reference::LoadPairs(Folder(), *UnicodeToLegacyTableId(position, irRiRee));
       const auto firstTamil =
           std::find_if(pairs.begin(), pairs.end(), [](const TablePair& p) { return HasTamil(p.find); });
-      for (const std::u16string& mark : reference::Ascii()) {
+      std::vector<std::u16string> marks = reference::Ascii();
+      for (const std::u16string& mark : reference::Typographic()) marks.push_back(mark);
+      for (const std::u16string& mark : marks) {
         if (tables.toUnicode->Apply(mark) == mark || gaps.at(name).count(mark)) continue;
         const auto own = std::find_if(pairs.begin(), pairs.end(), [&](const TablePair& p) { return p.find == mark; });
         EXPECT_TRUE(own < firstTamil) << text::Utf16ToUtf8(name) << ": " << text::Utf16ToUtf8(mark);
