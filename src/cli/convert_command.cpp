@@ -553,7 +553,7 @@ int ConvertDocument(CommandContext& ctx, const EncodingList& list, const Options
 }
 
 std::string Usage() {
-  return "convert --from ENCODING --to ENCODING [FILE...] [-o|--output OUT] [--legacy-text] [-q] "
+  return "convert --from ENCODING --to ENCODING [FILE...] [-o|--output OUT] [--legacy-text] [-q] [--list] "
          "[--unmappable stop|skip|replace|keep] [--replacement CHAR] [--decorative-quotes] [--plain-ra] "
          "[--keep-vowel-sign-glyphs] [--legacy-font NAME]... [--unicode-font NAME] [--font NAME] [--help]";
 }
@@ -659,7 +659,7 @@ int RunConvert(CommandContext& ctx) {
   }
   const ParsedArgs parsed =
       ParseArgs(*words, {"--from", "--to", "--output", "--font", "--unicode-font", "--unmappable", "--replacement"},
-                {"--decorative-quotes", "--plain-ra", "--keep-vowel-sign-glyphs", "--legacy-text", "--help"});
+                {"--decorative-quotes", "--plain-ra", "--keep-vowel-sign-glyphs", "--legacy-text", "--list", "--help"});
   if (parsed.flags.count("--help")) {
     ctx.out << "quilom " << Usage() << "\n\n"
             << kTextHelp << "\n"
@@ -676,6 +676,11 @@ int RunConvert(CommandContext& ctx) {
   if (list.names.empty()) {
     ctx.err << "quilom convert: no encodings list in " << ConverterFolder(ctx).string() << "\n";
     return kExitFailed;
+  }
+  if (parsed.flags.count("--list")) {
+    std::string names;
+    for (const std::u16string& name : list.names) names += text::Utf16ToUtf8(name) + "\n";
+    return WriteStandardOutput(ctx, names, kName) ? kExitDone : kExitFailed;
   }
   std::optional<Options> options = ReadOptions(ctx, parsed, list);
   if (!options) {

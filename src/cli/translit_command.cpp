@@ -7,6 +7,7 @@
 #include "cli/exit_codes.hpp"
 #include "settings/data_folders.hpp"
 #include "shell/keyboard_typist.hpp"
+#include "text/strings.hpp"
 #include "text/utf.hpp"
 #include "translit/engine.hpp"
 #include "translit/keymap_file.hpp"
@@ -56,21 +57,39 @@ std::optional<LoadedKeymap> LoadKeymap(CommandContext& ctx, const std::u16string
   return std::nullopt;
 }
 
-constexpr const char* kUsage = "translit [--keymap NAME] [--keep-backquoted] [FILE] [-o|--output OUT]";
+constexpr const char* kUsage = "translit [--keymap NAME] [--keep-backquoted] [FILE] [-o|--output OUT] [--list]";
+
+// The installed keymap whose name matches `name` without regard to ASCII case; the name as
+// given when none does (a user's own scheme is found by the loader).
+std::u16string InstalledName(const CommandContext& ctx, const std::u16string& name) {
+  const auto folders = settings::DataFolders::ForDataRoot(ctx.dataRoot);
+  for (const std::u16string& installed : translit::InstalledKeymaps(folders.keymapFolder)) {
+    if (text::AsciiLower(installed) == text::AsciiLower(name)) return installed;
+  }
+  return name;
+}
 
 // The text is typed as a person types it with typing on (see shell/keyboard_typist.hpp), so
 // the command gives what live typing gives, key for key, and streams: what no later key can
 // change is written at once.
 int RunTranslit(CommandContext& ctx) {
-  const auto args = ParseArgs(ctx.args, {"--keymap", "--output"}, {"--keep-backquoted"});
+  const auto args = ParseArgs(ctx.args, {"--keymap", "--output"}, {"--keep-backquoted", "--list"});
   if (!args.error.empty() || args.positional.size() > 1) {
     ctx.err << "quilom translit: " << (args.error.empty() ? "too many files" : args.error) << "\nusage: quilom "
             << kUsage << "\n";
     return kExitUsage;
   }
+  if (args.flags.count("--list")) {
+    std::string names;
+    for (const auto& name : translit::InstalledKeymaps(settings::DataFolders::ForDataRoot(ctx.dataRoot).keymapFolder)) {
+      names += text::Utf16ToUtf8(name) + "\n";
+    }
+    return WriteStandardOutput(ctx, names, kCommand) ? kExitDone : kExitFailed;
+  }
   const auto keymapOption = args.values.find("--keymap");
-  const std::u16string scheme =
-      keymapOption == args.values.end() ? std::u16string(kDefaultKeymap) : text::Utf8ToUtf16(keymapOption->second);
+  const std::u16string scheme = keymapOption == args.values.end()
+                                    ? std::u16string(kDefaultKeymap)
+                                    : InstalledName(ctx, text::Utf8ToUtf16(keymapOption->second));
   const auto keymap = LoadKeymap(ctx, scheme);
   if (!keymap) return kExitFailed;
 

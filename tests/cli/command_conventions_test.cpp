@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <sstream>
 
 #include "cli/command.hpp"
@@ -40,6 +41,30 @@ TEST(CommandConventions, HelpAnywhereJoinedValuesAndTheEndOfOptions) {
   const QuilomRun named = Quilom({"translit", "--", "--keymap"});
   EXPECT_EQ(named.status, 1);
   EXPECT_NE(named.err.find("cannot open '--keymap': No such file or directory"), std::string::npos) << named.err;
+}
+
+TEST(CommandConventions, NamesAreListedOneALineAndMatchedWithoutCase) {
+  const QuilomRun encodings = Quilom({"convert", "--list"});
+  EXPECT_EQ(encodings.status, 0);
+  EXPECT_EQ(encodings.out.substr(0, 14), "Unicode\nAnjal\n");
+  EXPECT_NE(encodings.out.find("\nTscii\n"), std::string::npos);
+  const QuilomRun keymaps = Quilom({"translit", "--list"});
+  EXPECT_NE(keymaps.out.find("\nTamil-Unicode-TamilNet99\n"), std::string::npos) << keymaps.out;
+  EXPECT_EQ(std::count(keymaps.out.begin(), keymaps.out.end(), '\n'), 29);
+
+  EXPECT_EQ(Quilom({"translit", "--keymap", "TAMIL-unicode-tamilnet99"}, ";q").out, "நா");
+  EXPECT_EQ(Quilom({"convert", "--from", "UNICODE", "--to", "tscii"}, "கா").out, "\xB8\xA1");
+}
+
+TEST(CommandConventions, QuietKeepsWarningsAndNotesOffButNotErrors) {
+  const QuilomRun warned = Quilom({"convert", "--from", "Unicode", "--to", "Tscii", "--unmappable", "skip"}, "₹");
+  EXPECT_NE(warned.err.find("warning"), std::string::npos);
+  const QuilomRun quiet = Quilom({"convert", "-q", "--from", "Unicode", "--to", "Tscii", "--unmappable", "skip"}, "₹");
+  EXPECT_EQ(quiet.status, 3);
+  EXPECT_EQ(quiet.err, "");
+  const QuilomRun failed = Quilom({"convert", "-q", "--from", "Unicode", "--to", "Tscii"}, "₹");
+  EXPECT_EQ(failed.status, 1);
+  EXPECT_NE(failed.err.find("cannot be written in Tscii"), std::string::npos);
 }
 
 TEST(CommandConventions, EveryCommandThatWritesTakesDashO) {
