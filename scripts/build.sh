@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Builds the native core (tests, benchmarks, quilom) and the Windows programs (x86-64, i686),
-# then packages both Windows builds (installers and portable zips in build/packages/).
+# then packages both Windows builds (installers and portable zips in build/packages/) and the
+# command for Linux (a Debian package, also in build/packages/).
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -11,4 +12,4 @@ for preset in linux windows windows-i686; do
 done
 
 echo "== package"
-bash scripts/package.sh win64 win32
+bash scripts/package.sh win64 win32 deb

@@ -18,8 +18,8 @@ packages=(
   # independent references for the legacy encodings: the glyph tables of the fonts Debian ships,
   # read with a font library and shaped with HarfBuzz (glibc's iconv is in libc itself)
   python3-fonttools libharfbuzz-bin
-  # the installer and the portable zip of the Windows builds
-  nsis zip unzip
+  # the installer and the portable zip of the Windows builds; the Debian package of the command
+  nsis zip unzip help2man dpkg-dev
   # real Tamil words for the round-trip measurement of reverse transliteration
   aspell aspell-ta
 )

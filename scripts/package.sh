@@ -2,7 +2,8 @@
 # Makes the installers and the portable zips of the Windows builds:
 #   build/packages/Quilom++-<version>-win64-setup.exe, ...-win64-portable.zip (from build/windows)
 #   build/packages/Quilom++-<version>-win32-setup.exe, ...-win32-portable.zip (from build/windows-i686)
-# Usage: package.sh [win64|win32 ...]   (default: both)
+#   build/packages/quilom_<version>_amd64.deb (the command for Linux, from build/linux)
+# Usage: package.sh [win64|win32|deb ...]   (default: all three)
 # Environment: QUILOM_WIN64_BUILD / QUILOM_WIN32_BUILD point at other build folders.
 # A build folder without Quilom++.exe is skipped with a message; a missing makensis or zip fails.
 set -euo pipefail
@@ -10,8 +11,10 @@ cd "$(dirname "$0")/.."
 root=$PWD
 out=$root/build/packages
 
-command -v makensis >/dev/null || { echo "package: makensis is missing (scripts/install-deps.sh installs nsis)" >&2; exit 1; }
-command -v zip >/dev/null || { echo "package: zip is missing (scripts/install-deps.sh installs it)" >&2; exit 1; }
+need_windows_tools() {
+  command -v makensis >/dev/null || { echo "package: makensis is missing (scripts/install-deps.sh installs nsis)" >&2; exit 1; }
+  command -v zip >/dev/null || { echo "package: zip is missing (scripts/install-deps.sh installs it)" >&2; exit 1; }
+}
 
 # major.minor.revision from the one generated header of the build.
 version_of() {  # BUILD_DIR
@@ -101,13 +104,26 @@ package_one() {  # ARCH BUILD_DIR
   ls -l "$out/$name-setup.exe" "$out/$name-portable.zip" | awk '{print "  " $5 " bytes  " $9}'
 }
 
+package_deb() {  # BUILD_DIR
+  local build=$1
+  if [ ! -f "$build/CPackConfig.cmake" ] || [ ! -x "$build/bin/quilom" ]; then
+    echo "package: deb skipped: $build has no quilom (build the linux preset first)"
+    return 0
+  fi
+  echo "== package: Debian package of quilom"
+  cmake --build "$build" --target quilom quilom_manpage
+  (cd "$build" && cpack -G DEB --config CPackConfig.cmake >/dev/null)
+  ls -l "$out"/quilom_*.deb | awk '{print "  " $5 " bytes  " $9}'
+}
+
 mkdir -p "$out"
-arches=("$@")
-[ ${#arches[@]} -gt 0 ] || arches=(win64 win32)
-for arch in "${arches[@]}"; do
-  case $arch in
-    win64) package_one win64 "${QUILOM_WIN64_BUILD:-$root/build/windows}" ;;
-    win32) package_one win32 "${QUILOM_WIN32_BUILD:-$root/build/windows-i686}" ;;
-    *) echo "package: unknown target '$arch' (win64 or win32)" >&2; exit 2 ;;
+targets=("$@")
+[ ${#targets[@]} -gt 0 ] || targets=(win64 win32 deb)
+for target in "${targets[@]}"; do
+  case $target in
+    win64) need_windows_tools; package_one win64 "${QUILOM_WIN64_BUILD:-$root/build/windows}" ;;
+    win32) need_windows_tools; package_one win32 "${QUILOM_WIN32_BUILD:-$root/build/windows-i686}" ;;
+    deb) package_deb "${QUILOM_LINUX_BUILD:-$root/build/linux}" ;;
+    *) echo "package: unknown target '$target' (win64, win32 or deb)" >&2; exit 2 ;;
   esac
 done

@@ -19,7 +19,18 @@ void PrintUsage(std::ostream& out) {
   std::vector<Command> sorted = Registry();
   std::sort(sorted.begin(), sorted.end(), [](const Command& a, const Command& b) { return a.name < b.name; });
   for (const Command& c : sorted) out << "  " << c.usage << "\n      " << c.summary << "\n";
-  out << "\nText is read and written as UTF-8. FILE omitted or '-' means standard input.\n" << kExitCodeHelp;
+  out << "\nUnicode text is UTF-8 (with or without its mark) or UTF-16 with its mark; legacy-font text is\n"
+         "bytes (see convert --help). FILE omitted or '-' means standard input. Every command takes\n"
+         "-h/--help, -q/--quiet and --opt=value; -o/--output names the output; -- ends the options.\n"
+      << kExitCodeHelp;
+}
+
+// Beside the program (the Windows folder, a build), else where the Linux package puts it.
+std::filesystem::path DefaultDataRoot(const std::filesystem::path& executableDir) {
+  const std::filesystem::path beside = executableDir / "Sorvin";
+  const std::filesystem::path installed = executableDir.parent_path() / "share" / "quilom" / "Sorvin";
+  std::error_code ec;
+  return !std::filesystem::exists(beside, ec) && std::filesystem::exists(installed, ec) ? installed : beside;
 }
 
 }  // namespace
@@ -30,7 +41,7 @@ const std::vector<Command>& Commands() { return Registry(); }
 
 int RunQuilom(const std::vector<std::string>& args, std::istream& in, std::ostream& out, std::ostream& err,
               const std::filesystem::path& executableDir, bool errIsTerminal, std::chrono::milliseconds progressDelay) {
-  std::filesystem::path dataRoot = executableDir / "Sorvin";
+  std::filesystem::path dataRoot = DefaultDataRoot(executableDir);
   size_t i = 0;
   while (i < args.size() && args[i].starts_with("-") && args[i] != "-") {
     if (args[i] == "--data" && i + 1 < args.size()) {
