@@ -95,6 +95,10 @@ bool IsStandardStream(const std::string& file) { return file.empty() || file == 
 
 }  // namespace
 
+std::vector<std::string> InputsOrStandardInput(const ParsedArgs& parsed) {
+  return parsed.positional.empty() ? std::vector<std::string>{""} : parsed.positional;
+}
+
 std::optional<std::string> ReadInputBytes(CommandContext& ctx, const std::string& file, const std::string& command) {
   if (IsStandardStream(file)) {
     return std::string(std::istreambuf_iterator<char>(ctx.in), std::istreambuf_iterator<char>());

@@ -31,6 +31,9 @@ struct ParsedArgs {
 ParsedArgs ParseArgs(const std::vector<std::string>& args, const std::set<std::string>& valueOptions,
                      const std::set<std::string>& flagOptions = {});
 
+// The input files named on the command line, or standard input ("") when none is.
+std::vector<std::string> InputsOrStandardInput(const ParsedArgs& parsed);
+
 // The whole input: the named file, or standard input for "" and "-". On failure writes a
 // message naming the file and the system's reason to ctx.err and returns nothing.
 std::optional<std::string> ReadInputBytes(CommandContext& ctx, const std::string& file, const std::string& command);

@@ -107,8 +107,8 @@ int RunReverse(CommandContext& ctx) {
   const ParsedArgs parsed = ParseArgs(ctx.args, {"--output"},
                                       {"--numerals", "--signs", "--keep-graves", "--remove-graves", "--lower",
                                        "--no-word-list", "--sample", "--counts", "--typeable"});
-  if (!parsed.error.empty() || parsed.positional.size() > 1) {
-    ctx.err << "quilom reverse: " << (parsed.error.empty() ? "only one FILE may be given" : parsed.error) << "\n";
+  if (!parsed.error.empty()) {
+    ctx.err << "quilom reverse: " << parsed.error << "\n";
     return kExitUsage;
   }
   const auto target = parsed.values.count("--output") ? parsed.values.at("--output") : std::string();
@@ -137,8 +137,9 @@ int RunReverse(CommandContext& ctx) {
     }
     write(run.Add(tools::LoadReverseSample(folders.mainDataFolder)));
   } else {
-    read = ReadTextPieces(ctx, parsed.positional.empty() ? "" : parsed.positional[0], kName,
-                          [&](std::u16string_view piece) { write(run.Add(piece)); });
+    for (const std::string& input : InputsOrStandardInput(parsed)) {
+      read = read && ReadTextPieces(ctx, input, kName, [&](std::u16string_view piece) { write(run.Add(piece)); });
+    }
   }
   if (!read) return kExitFailed;
   write(run.Finish());
@@ -149,7 +150,7 @@ int RunReverse(CommandContext& ctx) {
 
 const RegisterCommand registration({
     kName,
-    "reverse [FILE] [--numerals] [--signs] [--keep-graves] [--remove-graves] [--lower] [--typeable] "
+    "reverse [FILE...] [--numerals] [--signs] [--keep-graves] [--remove-graves] [--lower] [--typeable] "
     "[--no-word-list] [--sample] [--counts] [-o|--output FILE]",
     "Tamil text back to Latin phonetic spelling (--typeable: spell ந as \"w\" so that the result types back)",
     RunReverse,

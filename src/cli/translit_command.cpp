@@ -57,7 +57,7 @@ std::optional<LoadedKeymap> LoadKeymap(CommandContext& ctx, const std::u16string
   return std::nullopt;
 }
 
-constexpr const char* kUsage = "translit [--keymap NAME] [--keep-backquoted] [FILE] [-o|--output OUT] [--list]";
+constexpr const char* kUsage = "translit [--keymap NAME] [--keep-backquoted] [FILE...] [-o|--output OUT] [--list]";
 
 // The installed keymap whose name matches `name` without regard to ASCII case; the name as
 // given when none does (a user's own scheme is found by the loader).
@@ -74,9 +74,8 @@ std::u16string InstalledName(const CommandContext& ctx, const std::u16string& na
 // change is written at once.
 int RunTranslit(CommandContext& ctx) {
   const auto args = ParseArgs(ctx.args, {"--keymap", "--output"}, {"--keep-backquoted", "--list"});
-  if (!args.error.empty() || args.positional.size() > 1) {
-    ctx.err << "quilom translit: " << (args.error.empty() ? "too many files" : args.error) << "\nusage: quilom "
-            << kUsage << "\n";
+  if (!args.error.empty()) {
+    ctx.err << "quilom translit: " << args.error << "\nusage: quilom " << kUsage << "\n";
     return kExitUsage;
   }
   if (args.flags.count("--list")) {
@@ -109,12 +108,14 @@ int RunTranslit(CommandContext& ctx) {
     const std::string bytes = text::Utf16ToUtf8(text);
     written = outputFile ? outputFile->Write(bytes) : WriteStandardOutput(ctx, bytes, kCommand);
   };
-  const bool read =
-      ReadTextPieces(ctx, args.positional.empty() ? "" : args.positional[0], kCommand, [&](std::u16string_view piece) {
-        if (!written) return;
-        typist.Type(piece);
-        write(typist.TakeSettled());
-      });
+  bool read = true;
+  for (const std::string& input : InputsOrStandardInput(args)) {
+    read = read && ReadTextPieces(ctx, input, kCommand, [&](std::u16string_view piece) {
+             if (!written) return;
+             typist.Type(piece);
+             write(typist.TakeSettled());
+           });
+  }
   if (read) write(typist.Finish());
   if (read && written && outputFile) written = outputFile->Commit();
   return read && written ? kExitDone : kExitFailed;

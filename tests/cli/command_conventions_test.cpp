@@ -90,6 +90,19 @@ TEST(CommandConventions, EveryCommandThatWritesTakesDashO) {
   }
 }
 
+// Several inputs make one text, as with cat or iconv.
+TEST(CommandConventions, SeveralInputsAreReadInTurn) {
+  testing::TempFolder folder;
+  testing::WriteBytes(folder / "a.txt", "ka\n");
+  testing::WriteBytes(folder / "b.txt", "\xEF\xBB\xBFki\n");
+  const std::string a = (folder / "a.txt").string(), b = (folder / "b.txt").string();
+  EXPECT_EQ(Quilom({"translit", a, b}).out, "க\nகி\n");
+  EXPECT_EQ(Quilom({"reverse", "--no-word-list", b, a}).out, Quilom({"reverse", "--no-word-list"}, "கி\nக\n").out);
+  testing::WriteBytes(folder / "c.txt", "கி\n");
+  EXPECT_EQ(Quilom({"convert", "--from", "Unicode", "--to", "Bamini", "-", (folder / "c.txt").string()}, "கா\n").out,
+            "fh\nfp\n");
+}
+
 // The output is checked against every input before any work, whatever the format.
 TEST(CommandConventions, AnOutputThatIsAnInputIsRefused) {
   testing::TempFolder folder;

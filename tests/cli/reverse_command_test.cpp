@@ -67,7 +67,6 @@ TEST(ReverseCommand, BadInputFailsWithAMessage) {
   };
   const std::vector<Case> cases = {
       {{"--bogus"}, "", 2, "unknown option '--bogus'"},
-      {{"a", "b"}, "", 2, "only one FILE"},
       {{"/no/such/file.txt"}, "", 1, "cannot open '/no/such/file.txt'"},
       {{}, "\xE0\xAE", 1, "not valid UTF-8: the byte at offset 0"},
       {{"-o", "-", "--", "--sample"}, "", 1, "cannot open '--sample'"},

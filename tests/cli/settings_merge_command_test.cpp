@@ -27,9 +27,9 @@ struct CommandRun {
 CommandRun Merge(const fs::path& shipped, const fs::path& user) {
   std::istringstream in;
   std::ostringstream out, err;
-  const int status = RunQuilom({"--data", testing::SourceDataRoot().string(), "settings-merge", shipped.string(),
-                                user.string()},
-                               in, out, err, testing::SourceDataRoot().parent_path(), false);
+  const int status =
+      RunQuilom({"--data", testing::SourceDataRoot().string(), "settings-merge", shipped.string(), user.string()}, in,
+                out, err, testing::SourceDataRoot().parent_path(), false);
   return {status, out.str(), err.str()};
 }
 
@@ -46,8 +46,8 @@ TEST(SettingsMergeCommand, KeyFileKeepsUserValuesAndTakesShippedOrderAndNewKeys)
   const fs::path user = folder / "Settings.txt";
   settings::WriteSettingsLines(shipped, {u"New title", u"`````Global Typing", u"1", u"`````Brand New", u"7",
                                          u"`````Present Hotkey", u"Alt+F12", u""});
-  settings::WriteSettingsLines(user, {u"Old title", u"`````Present Hotkey", u"  Ctrl+F9 ", u"`````Global Typing",
-                                      u"0", u"`````Retired Key", u"kept", u""});
+  settings::WriteSettingsLines(user, {u"Old title", u"`````Present Hotkey", u"  Ctrl+F9 ", u"`````Global Typing", u"0",
+                                      u"`````Retired Key", u"kept", u""});
 
   const CommandRun run = Merge(shipped, user);
 
