@@ -230,7 +230,6 @@ TEST_F(DetectionAccuracy, DictionaryParagraphs) {
 TEST_F(DetectionAccuracy, ConfidenceNeverRisesDownTheRanking) {
   const EncodingList list = LoadEncodingList(Folder());
   std::vector<std::u16string> texts = Sentences();
-  texts.resize(40);
   for (const std::u16string& paragraph : Paragraphs()) texts.push_back(paragraph);
   for (int position = 1; position < static_cast<int>(list.names.size()); ++position) {
     PairReplacer toLegacy(ParseConversionTable(LoadTableText(Folder(), *UnicodeToLegacyTableId(position, true))).pairs);
