@@ -28,6 +28,7 @@ HookDecision HookPipeline::DecideGlobal(const KeyEvent& event) {
   const int vk = KeyOf(event);
   HookDecision decision;
   if (IsKeyDownMessage(event.message)) {
+    processor_.EndPausedHotkeyNumber();
     decision = state_.ClickPending != 0 ? ClickModeDown(vk) : NormalDown(vk);
     Remember(vk, decision);
   } else if (IsKeyUpMessage(event.message)) {
@@ -87,22 +88,18 @@ HookDecision HookPipeline::ChordDown(int vk) const {
 HookDecision HookPipeline::ClickModeDown(int vk) {
   if (ChordHeld()) {
     state_.ClickPending = 0;
-    return ChordDown(vk);
+    return AfterHeldBack(vk, ChordDown(vk));
   }
   const std::uint32_t now = clock_.TickCount();
   const auto previous = static_cast<std::uint32_t>(state_.keys.LastKeyDownTick);
   state_.keys.LastKeyDownTick = static_cast<std::int32_t>(now);
   if (TicksBetween(previous, now) < kFastKeyMs) {
     state_.ClickPending = 0;
-    HookDecision decision;
-    FlushHeldBack(decision);
-    const HookDecision own = NormalDown(vk);
-    for (int i = 0; i < own.callCount; ++i) decision.Add(own.calls[i].shift, own.calls[i].key);
-    decision.swallow = own.swallow;
-    return decision;
+    return AfterHeldBack(vk, NormalDown(vk));
   }
   const KeyClass keyClass = ClassifyKey(vk);
-  if (!IsTypingClass(keyClass) || heldCount_ == static_cast<int>(heldOrder_.size())) return NormalDown(vk);
+  if (!IsTypingClass(keyClass) || heldCount_ == static_cast<int>(heldOrder_.size()))
+    return AfterHeldBack(vk, NormalDown(vk));
   const bool shift = ShiftHeld();
   if (keyClass == KeyClass::LetterSpace) state_.keys.LetterShift = shift ? 1 : 0;
   if (keyClass == KeyClass::Punctuation) state_.keys.PunctShift = shift ? 2 : 0;
@@ -123,13 +120,31 @@ void HookPipeline::HoldBack(int vk, bool shift) {
   heldShift_[vk] = shift ? 1 : 0;
 }
 
-void HookPipeline::FlushHeldBack(HookDecision& decision) {
-  for (int i = 0; i < heldCount_; ++i) {
+void HookPipeline::FlushHeldBack(HookDecision& decision) { ReleaseHeldBack(heldCount_, decision); }
+
+void HookPipeline::ReleaseHeldBack(int count, HookDecision& decision) {
+  for (int i = 0; i < count; ++i) {
     const int vk = heldOrder_[i];
     decision.Add(heldShift_[vk], vk);
     downRecords_[vk] = DownRecord::Swallowed;
+    const KeyClass keyClass = ClassifyKey(vk);
+    if (keyClass == KeyClass::LetterSpace) state_.keys.LetterShift = 0;
+    if (keyClass == KeyClass::Punctuation) state_.keys.PunctShift = 0;
+    if (keyClass == KeyClass::Digit) state_.keys.DigitShift = 0;
   }
-  heldCount_ = 0;
+  std::copy(heldOrder_.begin() + count, heldOrder_.begin() + heldCount_, heldOrder_.begin());
+  heldCount_ -= count;
+}
+
+HookDecision HookPipeline::AfterHeldBack(int vk, const HookDecision& own) {
+  // A lone Shift or Ctrl going down neither types nor reaches the text: the held keys may wait.
+  const bool reachesText = own.callCount > 0 || ClassifyKey(vk) != KeyClass::Modifier;
+  if (heldCount_ == 0 || !reachesText) return own;
+  HookDecision decision;
+  FlushHeldBack(decision);
+  for (int i = 0; i < own.callCount; ++i) decision.Add(own.calls[i].shift, own.calls[i].key);
+  decision.swallow = own.swallow;
+  return decision;
 }
 
 void HookPipeline::Remember(int vk, const HookDecision& decision) {
@@ -152,17 +167,11 @@ HookDecision HookPipeline::GlobalUp(const KeyEvent& event, int vk) {
     return decision;
   }
   if (record == DownRecord::HeldBack) {
+    // Rolled keys come up in another order than they went down: the keys held before this one
+    // go out first, so the text follows the order of the key-downs.
     const auto end = heldOrder_.begin() + heldCount_;
     const auto position = std::find(heldOrder_.begin(), end, vk);
-    if (position != end) {
-      std::copy(position + 1, end, position);
-      --heldCount_;
-    }
-    decision.Add(heldShift_[vk], vk);
-    const KeyClass keyClass = ClassifyKey(vk);
-    if (keyClass == KeyClass::LetterSpace) state_.keys.LetterShift = 0;
-    if (keyClass == KeyClass::Punctuation) state_.keys.PunctShift = 0;
-    if (keyClass == KeyClass::Digit) state_.keys.DigitShift = 0;
+    if (position != end) ReleaseHeldBack(static_cast<int>(position - heldOrder_.begin()) + 1, decision);
   }
   decision.swallow = record == DownRecord::HeldBack || record == DownRecord::Swallowed;
   return decision;
@@ -174,6 +183,8 @@ HookDecision HookPipeline::DecideFocal(const KeyEvent& event) {
   const int vk = KeyOf(event);
   const KeyClass keyClass = ClassifyKey(vk);
   if (IsKeyDownMessage(event.message)) {
+    // With typing off a digit after the pause must reach the application, not choose a keymap.
+    processor_.EndPausedHotkeyNumber();
     if (!ChordHeld() && keyClass != KeyClass::LetterSpace) {
       const bool digit = keyClass == KeyClass::Digit || keyClass == KeyClass::NumpadDigit;
       if (digit && state_.HotkeyArmed && !ShiftHeld()) {

@@ -27,6 +27,10 @@
 //   like pass on with a reset rather than being swallowed). Leaving click mode does not break
 //   the composition again: the click already did, and the letters typed since belong to the
 //   syllable being typed ("va" typed quickly after a click must still give one letter).
+// - Key-up processing never reorders keys: the key-up of a held-back key hands over every key
+//   held before it first, and any other key that types or reaches the application (Enter, an
+//   arrow, a chord, a hotkey) hands over every held-back key before itself. So a rolled "ka"
+//   (k down, a down, a up, k up) gives "ka", whatever the time between the key-downs.
 // - In the focal (hotkeys-only) hook a numeric-pad digit is taken only while a hotkey is armed,
 //   like a top-row digit: with typing off the keypad must keep working.
 namespace quilom::shell {
@@ -68,6 +72,10 @@ class HookPipeline {
   bool IsHeldBack(int vk) const;
   void HoldBack(int vk, bool shift);
   void FlushHeldBack(HookDecision& decision);
+  // Hands the first `count` held-back keys over, in the order they went down.
+  void ReleaseHeldBack(int count, HookDecision& decision);
+  // `own` preceded by every held-back key, unless the key is a modifier that changes no text.
+  HookDecision AfterHeldBack(int vk, const HookDecision& own);
   void Remember(int vk, const HookDecision& decision);
   bool ChordHeld() const;
   bool ShiftHeld() const;

@@ -5,8 +5,22 @@
 
 namespace quilom::shell {
 
-HookedKeyProcessor::HookedKeyProcessor(TypingFrontState& state, translit::TypingEngine& engine)
-    : state_(state), engine_(engine) {}
+HookedKeyProcessor::HookedKeyProcessor(TypingFrontState& state, translit::TypingEngine& engine, const Clock* clock)
+    : state_(state), engine_(engine), clock_(clock) {}
+
+bool HookedKeyProcessor::EndPausedHotkeyNumber() noexcept {
+  const bool pending = state_.HotkeyArmed || state_.hotkeys.IsHotkey(state_.keys.LastKey);
+  if (!pending || clock_ == nullptr) return false;
+  if (TicksBetween(lastHotkeyTick_, clock_->TickCount()) <= kHotkeyNumberPauseMs) return false;
+  state_.HotkeyArmed = false;
+  state_.keys.ComposeFlag = 0;
+  state_.keys.LastKey = kResetSignal;
+  return true;
+}
+
+void HookedKeyProcessor::NoteHotkeyTime() {
+  if (clock_ != nullptr) lastHotkeyTick_ = clock_->TickCount();
+}
 
 MenuSuppression HookedKeyProcessor::ProcessHookedKey(int shift, int key) noexcept {
   try {
@@ -16,6 +30,7 @@ MenuSuppression HookedKeyProcessor::ProcessHookedKey(int shift, int key) noexcep
       return MenuSuppression::None;
     }
     if (state_.hotkeys.IsHotkey(key)) return ArmHotkey(key);
+    EndPausedHotkeyNumber();
     if (!state_.hotkeys.IsHotkey(state_.keys.LastKey)) {
       TypeKey(shift, key);
       return MenuSuppression::None;
@@ -31,6 +46,7 @@ MenuSuppression HookedKeyProcessor::ArmHotkey(int key) {
   state_.HotkeyArmed = true;
   state_.keys.ComposeFlag = 0;
   state_.keys.LastKey = key;
+  NoteHotkeyTime();
   const int primary = state_.hotkeys.PrimaryHotkeyVk;
   if (!IsAltKey(primary) && !IsWindowsKey(primary)) return MenuSuppression::None;
   if (IsAltKey(key)) return MenuSuppression::Alt;
@@ -43,6 +59,7 @@ void HookedKeyProcessor::AfterHotkey(int shift, int key) {
   const KeyClass keyClass = ClassifyKey(key);
   const bool digit = keyClass == KeyClass::Digit || keyClass == KeyClass::NumpadDigit;
   if (digit && shift != 1) {
+    NoteHotkeyTime();
     if (digitHandler_) digitHandler_(key);
     return;
   }

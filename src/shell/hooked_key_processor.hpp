@@ -1,7 +1,9 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 
+#include "shell/key_event.hpp"
 #include "shell/typing_front_state.hpp"
 #include "translit/typing_engine.hpp"
 
@@ -17,7 +19,14 @@ enum class MenuSuppression { None, Alt, Windows };
 
 class HookedKeyProcessor {
  public:
-  HookedKeyProcessor(TypingFrontState& state, translit::TypingEngine& engine);
+  // The keymap number typed after a hotkey ends when no digit follows within this pause (from
+  // the hotkey key or the number's last digit): a digit typed later is text. A second is long
+  // enough for "1", "2" typed as one number and short enough that "hotkey, 1, 25 vaNakkam"
+  // typed at a natural pace keeps its 25.
+  static constexpr std::uint32_t kHotkeyNumberPauseMs = 1000;
+
+  // Without a clock (text typed by a program rather than a person) the number never times out.
+  HookedKeyProcessor(TypingFrontState& state, translit::TypingEngine& engine, const Clock* clock = nullptr);
 
   // `shift` is 0 or 1; `key` a virtual-key code or kResetSignal. Never throws: an error inside
   // the engine is swallowed so that the hook callback always returns.
@@ -36,13 +45,23 @@ class HookedKeyProcessor {
   // Breaks the engine's composition (a click, a cursor key, typing switched off).
   void ResetComposition() noexcept;
 
+  // Ends the hotkey sequence (armed hotkey and pending number) when its last key is longer ago
+  // than kHotkeyNumberPauseMs, so that the key now arriving is read as an ordinary key. The hooks
+  // call it before they decide on a key-down; ProcessHookedKey calls it too. Returns whether a
+  // sequence ended.
+  bool EndPausedHotkeyNumber() noexcept;
+
  private:
   MenuSuppression ArmHotkey(int key);
   void AfterHotkey(int shift, int key);
   void TypeKey(int shift, int key);
 
+  void NoteHotkeyTime();
+
   TypingFrontState& state_;
   translit::TypingEngine& engine_;
+  const Clock* clock_;
+  std::uint32_t lastHotkeyTick_ = 0;
   std::function<void(int vk)> digitHandler_;
 };
 

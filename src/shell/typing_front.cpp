@@ -4,7 +4,7 @@ namespace quilom::shell {
 
 TypingFront::TypingFront(translit::TypingEngine& engine, const KeyStateReader& keys, const Clock& clock,
                          HookPlatform& platform)
-    : processor_(state_, engine),
+    : processor_(state_, engine, &clock),
       pipeline_(state_, processor_, keys, clock),
       hooks_(platform, [this] { processor_.ResetComposition(); }),
       health_(clock) {}

@@ -35,9 +35,9 @@ class HookPipelineTest : public ::testing::Test {
 
   TypingFrontState state;
   RecordingEngine engine;
-  HookedKeyProcessor processor{state, engine};
   FakeKeys held;
   FakeClock clock;
+  HookedKeyProcessor processor{state, engine, &clock};
   HookPipeline pipeline{state, processor, held, clock};
 };
 
@@ -150,6 +150,105 @@ TEST_F(HookPipelineTest, FastKeyDownEndsClickModeAndLosesNothing) {
   EXPECT_TRUE(aUp.swallow);
 }
 
+// Key-up processing after a click must never change the order in which keys went down.
+struct ClickSequenceRow {
+  const char* name;
+  struct Step {
+    bool down;
+    int vk;
+    std::uint32_t atMs;
+    std::vector<int> held;
+  };
+  std::vector<Step> steps;
+  std::u16string typed;  // the engine's log: '|' is a reset
+};
+
+class ClickModeOrder : public HookPipelineTest, public ::testing::WithParamInterface<ClickSequenceRow> {};
+
+TEST_P(ClickModeOrder, KeysGoOutInTheOrderTheyWentDown) {
+  Click();
+  const std::uint32_t start = clock.now;
+  for (const auto& step : GetParam().steps) {
+    clock.now = start + step.atMs;
+    held.down = {step.held.begin(), step.held.end()};
+    pipeline.HandleGlobal(step.down ? Down(step.vk) : Up(step.vk));
+  }
+  EXPECT_EQ(engine.log, GetParam().typed);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    HookDecision, ClickModeOrder,
+    ::testing::Values(
+        ClickSequenceRow{"RolledKa",
+                         {{true, 'K', 0, {}}, {true, 'A', 80, {}}, {false, 'A', 120, {}}, {false, 'K', 160, {}}},
+                         u"|ka"},
+        ClickSequenceRow{"RolledThreeKeysReleasedBackwards",
+                         {{true, 'V', 0, {}},
+                          {true, 'A', 90, {}},
+                          {true, 'N', 200, {}},
+                          {false, 'N', 260, {}},
+                          {false, 'A', 300, {}},
+                          {false, 'V', 340, {}}},
+                         u"|van"},
+        ClickSequenceRow{"RolledMiddleKeyUpFirst",
+                         {{true, 'V', 0, {}},
+                          {true, 'A', 90, {}},
+                          {true, 'N', 200, {}},
+                          {false, 'A', 260, {}},
+                          {false, 'N', 300, {}},
+                          {false, 'V', 340, {}}},
+                         u"|van"},
+        ClickSequenceRow{
+            "RolledIntoShiftedLetter",
+            {{true, 'K', 0, {}}, {true, 'N', 100, {kVkShift}}, {false, 'N', 150, {kVkShift}}, {false, 'K', 200, {}}},
+            u"|kN"},
+        ClickSequenceRow{"NotRolled",
+                         {{true, 'K', 0, {}}, {false, 'K', 50, {}}, {true, 'A', 150, {}}, {false, 'A', 200, {}}},
+                         u"|ka"},
+        ClickSequenceRow{"OverlapFasterThanFiftySixMs",
+                         {{true, 'V', 0, {}}, {true, 'A', 30, {}}, {false, 'V', 60, {}}, {false, 'A', 90, {}}},
+                         u"|va"},
+        ClickSequenceRow{
+            "EnterWhileALetterIsHeld",
+            {{true, 'K', 0, {}}, {true, kVkReturn, 100, {}}, {false, kVkReturn, 150, {}}, {false, 'K', 200, {}}},
+            u"|k|"},
+        ClickSequenceRow{
+            "ArrowWhileALetterIsHeld", {{true, 'K', 0, {}}, {true, 0x25, 100, {}}, {false, 'K', 200, {}}}, u"|k|"},
+        ClickSequenceRow{"ShiftAloneDoesNotHurryTheHeldLetter",
+                         {{true, 'K', 0, {}},
+                          {true, 0xA0, 100, {}},
+                          {false, 'K', 200, {kVkShift}},
+                          {true, 'A', 300, {kVkShift}},
+                          {false, 'A', 350, {kVkShift}}},
+                         u"|kA"}),
+    [](const ::testing::TestParamInfo<ClickSequenceRow>& info) { return info.param.name; });
+
+TEST_F(HookPipelineTest, ChordWhileALetterIsHeldTypesTheLetterBeforeTheChordPasses) {
+  Click();
+  pipeline.HandleGlobal(Down('K'));
+  clock.now += 100;
+  Hold({kVkControl});
+  const HookDecision paste = pipeline.DecideGlobal(Down('V'));
+  EXPECT_FALSE(paste.swallow) << "Ctrl+V still reaches the application";
+  EXPECT_EQ(CallsOf(paste), (std::vector<HookedKeyCall>{{0, 'K'}})) << "after the letter that went down first";
+  Hold({});
+  EXPECT_EQ(pipeline.DecideGlobal(Up('K')).callCount, 0) << "the letter is not typed twice";
+}
+
+TEST_F(HookPipelineTest, RolledKeyUpsAreSwallowedOnceAndNeverTypedTwice) {
+  Click();
+  pipeline.DecideGlobal(Down('K'));
+  clock.now += 80;
+  pipeline.DecideGlobal(Down('A'));
+  const HookDecision aUp = pipeline.DecideGlobal(Up('A'));
+  EXPECT_EQ(CallsOf(aUp), (std::vector<HookedKeyCall>{{0, 'K'}, {0, 'A'}}));
+  EXPECT_TRUE(aUp.swallow);
+  const HookDecision kUp = pipeline.DecideGlobal(Up('K'));
+  EXPECT_EQ(kUp.callCount, 0);
+  EXPECT_TRUE(kUp.swallow) << "the application never saw k go down";
+  EXPECT_EQ(state.keys.LetterShift, 0);
+}
+
 TEST_F(HookPipelineTest, FiftySixMillisecondsIsSlowEnoughAcrossTheTickWrap) {
   Click();
   clock.now = 0xFFFFFFF0u;
@@ -189,7 +288,7 @@ TEST_F(HookPipelineTest, FocalHookTakesDigitsOnlyWhileAHotkeyIsArmed) {
   const HookDecision primary = pipeline.DecideFocal(Down(kPrimary));
   EXPECT_FALSE(primary.swallow);
   EXPECT_EQ(CallsOf(primary), (std::vector<HookedKeyCall>{{0, kPrimary}}));
-  state.HotkeyArmed = true;
+  processor.ProcessHookedKey(0, kPrimary);
   const HookDecision digit = pipeline.DecideFocal(Down('2'));
   EXPECT_TRUE(digit.swallow);
   EXPECT_EQ(CallsOf(digit), (std::vector<HookedKeyCall>{{0, '2'}}));
@@ -200,6 +299,34 @@ TEST_F(HookPipelineTest, FocalHookTakesDigitsOnlyWhileAHotkeyIsArmed) {
   EXPECT_FALSE(pipeline.DecideFocal(Down('3')).swallow) << "a shifted digit is a symbol, not a choice";
   Hold({});
   EXPECT_TRUE(pipeline.DecideFocal(Down(kSecondary)).swallow);
+}
+
+TEST_F(HookPipelineTest, WithTypingOffADigitAfterThePauseReachesTheApplication) {
+  pipeline.HandleFocal(Down(kSecondary));
+  ASSERT_TRUE(state.HotkeyArmed);
+  clock.now += 400;
+  EXPECT_TRUE(pipeline.HandleFocal(Down('1')).swallow) << "the number's first digit chooses";
+  pipeline.HandleFocal(Up('1'));
+  clock.now += HookedKeyProcessor::kHotkeyNumberPauseMs + 200;
+  const HookDecision late = pipeline.DecideFocal(Down('2'));
+  EXPECT_FALSE(late.swallow) << "typed 1.2 s later, the digit is text";
+  EXPECT_EQ(late.callCount, 0);
+  EXPECT_FALSE(state.HotkeyArmed);
+}
+
+TEST_F(HookPipelineTest, WithTypingOnADigitAfterThePauseIsTyped) {
+  int chosen = 0;
+  processor.SetHotkeyDigitHandler([&](int) {
+    state.keys.ComposeFlag = 1;
+    ++chosen;
+  });
+  pipeline.HandleGlobal(Down(kSecondary));
+  clock.now += 300;
+  pipeline.HandleGlobal(Down('1'));
+  clock.now += 1200;
+  EXPECT_TRUE(pipeline.HandleGlobal(Down('2')).swallow);
+  EXPECT_EQ(chosen, 1);
+  EXPECT_EQ(engine.log, u"2");
 }
 
 TEST_F(HookPipelineTest, HotkeyKeyHeldWithItsModifierGoesOnWithTheHotkey) {

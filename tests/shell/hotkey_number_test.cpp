@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <string_view>
 #include <vector>
 
 #include "shell/hooked_key_processor.hpp"
@@ -17,7 +18,8 @@ using Kind = DigitOutcome::Kind;
 struct Wiring {
   TypingFrontState state;
   testing::RecordingEngine engine;
-  HookedKeyProcessor processor{state, engine};
+  testing::FakeClock clock;
+  HookedKeyProcessor processor{state, engine, &clock};
   HotkeyNumberSelector selector;
   std::vector<DigitOutcome> outcomes;
   int keymapCount = 20;
@@ -34,7 +36,76 @@ struct Wiring {
   void Keys(std::initializer_list<int> keys) {
     for (int key : keys) processor.ProcessHookedKey(0, key);
   }
+  // Types `text` as keys `msBetweenKeys` apart: letters by their key, capitals with Shift.
+  void Type(std::u16string_view text, std::uint32_t msBetweenKeys) {
+    for (const char16_t ch : text) {
+      clock.now += msBetweenKeys;
+      const bool upper = ch >= u'A' && ch <= u'Z';
+      const int vk = (ch >= u'a' && ch <= u'z') ? ch - u'a' + 'A' : ch;
+      processor.ProcessHookedKey(upper ? 1 : 0, vk);
+    }
+  }
+  std::vector<int> Selected() const {
+    std::vector<int> selected;
+    for (const auto& outcome : outcomes) selected.push_back(outcome.keymapIndex);
+    return selected;
+  }
 };
+
+// The number typed after the hotkey ends at a pause or at the first key that is not a digit;
+// every key after its end is text.
+struct TimedRow {
+  const char* name;
+  std::u16string before;  // typed 150 ms apart after the hotkey
+  std::uint32_t pauseMs;  // then this pause (at least 120 ms)
+  std::u16string after;   // then these keys, 120 ms apart
+  std::vector<int> selected;
+  std::u16string typed;
+};
+
+TEST(HotkeyNumber, TheNumberEndsAtAPauseOrAtAKeyThatIsNoDigit) {
+  const TimedRow rows[] = {
+      {"two digits typed quickly are one number", u"1", 300, u"2", {1, 12}, u""},
+      {"a digit after the pause is text", u"1", 1200, u"2", {1}, u"2"},
+      {"one then 25 vaNakkam", u"1", 1500, u"25 vaNakkam", {1}, u"25 vaNakkam"},
+      {"just inside the pause still counts", u"1", 1000, u"2", {1, 12}, u""},
+      {"a letter ends the number and is typed", u"1", 200, u"a25", {1}, u"a25"},
+      {"a space ends the number and is typed", u"12", 200, u" 3", {1, 12}, u" 3"},
+      {"the first digit too must come within the pause", u"", 1500, u"7", {}, u"7"},
+  };
+  for (const TimedRow& row : rows) {
+    SCOPED_TRACE(row.name);
+    Wiring w;
+    w.Keys({0xA4, 0x7B});
+    w.Type(row.before, 150);
+    w.clock.now += row.pauseMs - 120;
+    w.Type(row.after, 120);
+    EXPECT_EQ(w.Selected(), row.selected);
+    EXPECT_EQ(w.engine.log, row.typed);
+  }
+}
+
+TEST(HotkeyNumber, APauseBeforeTheHotkeyDoesNotEndIt) {
+  Wiring w;
+  w.clock.now += 60000;
+  w.Keys({0x7B});
+  w.Type(u"3", 200);
+  EXPECT_EQ(w.Selected(), std::vector<int>{3});
+  EXPECT_EQ(w.engine.log, u"");
+}
+
+TEST(HotkeyNumber, WithoutAClockTheNumberNeverTimesOut) {
+  TypingFrontState state;
+  state.hotkeys.SecondaryHotkeyVk1 = 0x7B;
+  testing::RecordingEngine engine;
+  HookedKeyProcessor processor{state, engine};
+  int digits = 0;
+  processor.SetHotkeyDigitHandler([&](int) { ++digits; });
+  processor.ProcessHookedKey(0, 0x7B);
+  EXPECT_FALSE(processor.EndPausedHotkeyNumber());
+  processor.ProcessHookedKey(0, '4');
+  EXPECT_EQ(digits, 1);
+}
 
 // Keys go through ProcessHookedKey; 0x7B (F12) and 0xA4 (left Alt) are the hotkey keys.
 struct SequenceRow {
