@@ -61,8 +61,9 @@ CHILLU = [("N_", "CHILLU NN"), ("n_", "CHILLU N"), ("r_", "CHILLU RR"), ("l_", "
           ("zh_", "CHILLU LLL")]
 # Letters of one language only: language -> key -> text.
 SPECIAL = {
-    "Bengali": {"t_": "\u09ce"},                       # khanda ta
-    "Assamese": {"t_": "\u09ce"},
+    # khanda ta; t.h as well, since these scripts write a vowelless t as khanda ta
+    "Bengali": {"t_": "\u09ce", "t.h": "\u09ce"},
+    "Assamese": {"t_": "\u09ce", "t.h": "\u09ce"},
     "Punjabi": {".n": "\u0a70", "^": "\u0a71",       # tippi, addak
                 ".D": "\u0a5c", "OM": "\u0a74", "AUM": "\u0a74"},
 }
@@ -74,6 +75,21 @@ SIGNS = [("M", ("ANUSVARA", "BINDI")), (".n", ("ANUSVARA", "BINDI")),
 # "chCh" = "1" in the typing settings: the older ITRANS spelling, c for च and ch for छ.
 CH_OLD_STYLE = [("c", "CA"), ("ch", "CHA"), ("Ch", "CHA"), ("chh", "CHA"), ("C", "CHA")]
 CH_FOLDER = os.path.join(KEYMAP_FOLDER, "chCh-1")
+
+
+# Letters whose Unicode name is a known error, corrected by an alias: U+0CDE is named KANNADA
+# LETTER FA but is the historic LLLA (alias KANNADA LETTER LLLA), so it must never type f or .ph.
+MISNAMED = {"\u0cde"}
+
+
+def NuktaLetter(script, precomposed, base):
+    """The letter of a nukta key: the script's own letter of that name, else base + nukta."""
+    letter = script.Letter(precomposed)
+    if letter in MISNAMED:
+        letter = None
+    if not letter and script.Nukta() and script.Letter(base):
+        letter = script.Letter(base) + script.Nukta()
+    return letter
 
 
 def Consonants(script, oldCh=False):
@@ -88,9 +104,7 @@ def Consonants(script, oldCh=False):
             found[key] = letter
     virama = script.Virama()
     for key, precomposed, base in NUKTA_LETTERS:
-        letter = script.Letter(precomposed)
-        if not letter and script.Nukta() and script.Letter(base):
-            letter = script.Letter(base) + script.Nukta()
+        letter = NuktaLetter(script, precomposed, base)
         if letter:
             found[key] = letter
     for key, names in CONJUNCTS:
@@ -113,6 +127,15 @@ def Vowels(script):
     return found
 
 
+def ConsonantEntries(key, consonant, vowels, virama):
+    """The consonant alone (with its virama), with each vowel, and with ".h": ITRANS's halant
+    after a consonant asks for the virama the consonant already has, not for a second one."""
+    entries = {key: consonant + virama, key + ".h": consonant + virama}
+    for vowelKey, (_, sign) in vowels.items():
+        entries[key + vowelKey] = consonant + sign
+    return entries
+
+
 def Entries(language, oldCh=False):
     script = SCRIPTS[language]
     virama = script.Virama()
@@ -121,13 +144,14 @@ def Entries(language, oldCh=False):
     for key, (letter, _) in vowels.items():
         entries[key] = letter
     for key, consonant in Consonants(script, oldCh).items():
-        entries[key] = consonant + virama
-        for vowelKey, (_, sign) in vowels.items():
-            entries[key + vowelKey] = consonant + sign
+        entries.update(ConsonantEntries(key, consonant, vowels, virama))
     for key, names in SIGNS:
         sign = script.Sign(*names)
         if sign:
             entries[key] = sign
+    # "k." must not stop the buffer short of "k.D" or "k.n": the dot is a key of its own, so
+    # the keys after it still find ".D", ".n" and the other dotted keys.
+    entries["."] = "."
     if language == "Malayalam":
         for key, name in CHILLU:
             entries[key] = script.Letter(name)
@@ -144,8 +168,8 @@ def Entries(language, oldCh=False):
             del entries[key]  # a special letter replaces a general one: keep file order tidy
         entries[key] = text
         if language == "Punjabi" and key == ".D":
-            for vowelKey, (_, sign) in Vowels(script).items():
-                entries[key + vowelKey] = text + sign
+            entries.update(ConsonantEntries(key, text, vowels, virama))
+            entries[key] = text
     return entries
 
 

@@ -53,6 +53,65 @@ TEST(IndicKeymaps, GiveEachLanguageItsOwnLetters) {
   }
 }
 
+TEST(IndicKeymaps, HalantAfterAConsonantLeavesItsOneVirama) {
+  const std::vector<std::tuple<const char*, const char*, const char*>> rows = {
+      {"Hindi", "raam.h k.h kSh.h .D.h", "राम् क् क्ष् ड़्"},
+      {"Hindi", "ka.h .h", "क् ्"},                   // after a vowel it is a virama of its own
+      {"Hindi", "k.Da k.ja m.n k.N", "क्ड़ क्ज़ म्ं क्ँ"},  // a dot after a consonant still starts a dotted key
+      {"Hindi", "vaak.hsiddhi", "वाक्सिद्धि"},
+      {"Sanskrit", "manas.h", "मनस्"},
+      {"Bengali", "t.h ut.hsaba", "ৎ উৎসব"},  // a vowelless t is written as khanda ta
+      {"Bengali", "d.h", "দ্"},
+      {"Assamese", "t.h", "ৎ"},
+      {"Telugu", "k.h", "క్"},
+      {"Kannada", "f.h", "ಫ಼್"},
+      {"Malayalam", "n.h", "ന്"},
+      {"Punjabi", ".D.h .Da", "ੜ੍ ੜ"},
+  };
+  for (const auto& [language, keys, expected] : rows) {
+    KeymapTypist typist(Lfk(language));
+    EXPECT_EQ(typist.TypeUtf8(keys), expected) << language << ": " << keys;
+  }
+}
+
+// Every key that types a consonant with its virama types exactly that again with ".h" after it.
+TEST(IndicKeymaps, NoConsonantKeyFollowedByHalantDoublesTheVirama) {
+  for (const auto& language :
+       {"Hindi", "Bengali", "Gujarati", "Punjabi", "Oriya", "Telugu", "Kannada", "Malayalam", "Sourashtra"}) {
+    KeymapTypist typist(Lfk(language));
+    const char16_t virama = typist.Type(u"k").back();
+    int consonantKeys = 0;
+    for (size_t i = 1; i < typist.tables->phoneticKeys.size(); ++i) {
+      const auto& key = typist.tables->phoneticKeys[i];
+      const auto alone = typist.Type(key);
+      const bool endsInHalant = key.size() >= 2 && key.compare(key.size() - 2, 2, u".h") == 0;
+      if (endsInHalant || alone.size() < 2 || alone.back() != virama) continue;
+      ++consonantKeys;
+      const bool khandaTa = std::string_view(language) == "Bengali" && key == u"t";
+      if (!khandaTa) {
+        EXPECT_EQ(typist.Type(key + u".h"), alone) << language << ": " << text::Utf16ToUtf8(key);
+      }
+    }
+    EXPECT_GT(consonantKeys, 30) << language;
+  }
+}
+
+// U+0CDE is named KANNADA LETTER FA, but it is the historic LLLA: f and .ph type PHA with the
+// nukta, and only zh types U+0CDE.
+TEST(IndicKeymaps, KannadaFaIsPhaWithNukta) {
+  for (const auto& folder : {ShippedKeymapFolder(), ShippedKeymapFolder() / "chCh-1"}) {
+    KeymapTypist kannada(Lfk("Kannada"), folder);
+    EXPECT_EQ(kannada.TypeUtf8("f .ph fa .phii fuu"), "ಫ಼್ ಫ಼್ ಫ಼ ಫ಼ೀ ಫ಼ೂ");
+    EXPECT_EQ(kannada.TypeUtf8("zh zha"), "ೞ್ ೞ");
+    for (size_t i = 1; i < kannada.tables->phoneticKeys.size(); ++i) {
+      const auto& key = kannada.tables->phoneticKeys[i];
+      if (kannada.tables->phoneticOutputs[i].find(u'\u0CDE') != std::u16string::npos) {
+        EXPECT_EQ(key.rfind(u"zh", 0), 0u) << text::Utf16ToUtf8(key);
+      }
+    }
+  }
+}
+
 // "chCh" = "1" selects the variants of the sub-folder, with the older spelling of the two.
 TEST(IndicKeymaps, ChChVariantsSpellTheTwoConsonantsTheOlderWay) {
   for (const char* language : {"Hindi", "Bengali", "Telugu"}) {
