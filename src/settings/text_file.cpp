@@ -32,8 +32,9 @@ void ReportReadError(const fs::path& path, const ErrorDetails& details) noexcept
   }
 }
 
-// Reads every byte; false (with `details` filled) when the file cannot be opened or read.
-bool ReadAllBytes(const fs::path& path, std::string& bytes, ErrorDetails& details) {
+}  // namespace
+
+bool ReadFileBytes(const fs::path& path, std::string& bytes, ErrorDetails& details) {
   const fs::path openPath = ShortPathOf(path);
   std::error_code ec;
   if (openPath.empty() || !fs::exists(openPath, ec)) {
@@ -62,11 +63,13 @@ bool ReadAllBytes(const fs::path& path, std::string& bytes, ErrorDetails& detail
   return true;
 }
 
+namespace {
+
 bool ReadWhole(const fs::path& path, std::u16string& text, TextEncoding& encoding, bool detectUtf8,
                bool normaliseNewlines) {
   std::string bytes;
   ErrorDetails details;
-  if (!ReadAllBytes(path, bytes, details)) {
+  if (!ReadFileBytes(path, bytes, details)) {
     ReportReadError(path, details);
     return false;
   }

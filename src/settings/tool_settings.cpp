@@ -2,6 +2,7 @@
 
 #include "settings/error_report.hpp"
 #include "settings/settings_lines.hpp"
+#include "settings/settings_repair.hpp"
 #include "text/strings.hpp"
 
 namespace quilom::settings {
@@ -55,19 +56,27 @@ std::u16string_view ModuleNameOf(SettingsWindow window) {
   return u"Indic Direct Typer";
 }
 
-ToolSettings::ToolSettings(std::filesystem::path moduleFolder, std::u16string loadTag, std::u16string saveTag)
-    : file_(std::move(moduleFolder) / "Settings.txt"), loadTag_(std::move(loadTag)), saveTag_(std::move(saveTag)) {}
+ToolSettings::ToolSettings(std::filesystem::path moduleFolder, std::u16string loadTag, std::u16string saveTag,
+                           const SettingsDefaults* defaults)
+    : file_(std::move(moduleFolder) / "Settings.txt"),
+      loadTag_(std::move(loadTag)),
+      saveTag_(std::move(saveTag)),
+      defaults_(defaults) {}
 
 ToolSettings ToolSettings::For(const DataFolders& folders, SettingsWindow window) {
   const SettingsTags tags = TagsOf(window);
   return ToolSettings(folders.ModuleDataFolder(ModuleNameOf(window)), std::u16string(tags.load),
-                      std::u16string(tags.save));
+                      std::u16string(tags.save), ShippedSettingsOf(ModuleNameOf(window)));
+}
+
+std::vector<std::u16string> ToolSettings::Lines(bool& usable) const {
+  return OpenSettingsLines(file_, defaults_, loadTag_, std::chrono::system_clock::now(), usable);
 }
 
 std::u16string ToolSettings::GetToolSetting(std::u16string_view key) const {
   try {
     bool readOk = false;
-    const auto lines = ReadSettingsLines(file_, readOk);
+    const auto lines = Lines(readOk);
     size_t index = 0;
     switch (FindKeyLine(lines, key, index)) {
       case KeyLookup::Found:
@@ -87,8 +96,10 @@ std::u16string ToolSettings::GetToolSetting(std::u16string_view key) const {
 bool ToolSettings::SaveToolSetting(std::u16string_view key, std::u16string_view value) const {
   try {
     bool readOk = false;
-    auto lines = ReadSettingsLines(file_, readOk);
+    auto lines = Lines(readOk);
     if (!readOk) return false;
+    // A key the program knows is never lost: one a file has lost comes back with its default.
+    if (defaults_ != nullptr) CompleteSettingsLines(lines, *defaults_);
     size_t index = 0;
     const KeyLookup lookup = FindKeyLine(lines, key, index);
     if (lookup == KeyLookup::NoValueLine) {
@@ -106,7 +117,7 @@ bool ToolSettings::SaveToolSetting(std::u16string_view key, std::u16string_view 
 void ToolSettings::LoadToolSettings(const Appliers& appliers) const {
   try {
     bool readOk = false;
-    const auto lines = ReadSettingsLines(file_, readOk);
+    const auto lines = Lines(readOk);
     for (size_t i = 1; i < lines.size(); ++i) {
       if (!text::StartsWith(lines[i], kKeyPrefix)) continue;
       for (const auto& [key, apply] : appliers) {

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "settings/data_folders.hpp"
+#include "settings/shipped_settings.hpp"
 
 // By-key access to a window's "Settings.txt". Each window holds one ToolSettings bound to its
 // module folder and to the two problem tags it reports with. Nothing is cached: every read reads
@@ -41,8 +42,13 @@ std::u16string_view ModuleNameOf(SettingsWindow window);
 
 class ToolSettings {
  public:
-  ToolSettings(std::filesystem::path moduleFolder, std::u16string loadTag, std::u16string saveTag);
-  // The window's own folder below the data root and its tags.
+  // With `defaults` (the shipped keys of that file) the file survives damage: a missing or empty
+  // file is made again from them, a damaged one is copied aside and mended before it is used, and
+  // every save puts back any known key the file lacks (settings_repair.hpp). Without them the
+  // file is read and written exactly as it stands.
+  ToolSettings(std::filesystem::path moduleFolder, std::u16string loadTag, std::u16string saveTag,
+               const SettingsDefaults* defaults = nullptr);
+  // The window's own folder below the data root, its tags and its shipped defaults.
   static ToolSettings For(const DataFolders& folders, SettingsWindow window);
 
   const std::filesystem::path& SettingsFile() const { return file_; }
@@ -69,9 +75,12 @@ class ToolSettings {
   std::map<std::u16string, std::u16string> ReadToolSettings(const std::vector<std::u16string>& keys) const;
 
  private:
+  std::vector<std::u16string> Lines(bool& usable) const;
+
   std::filesystem::path file_;
   std::u16string loadTag_;
   std::u16string saveTag_;
+  const SettingsDefaults* defaults_;
 };
 
 }  // namespace quilom::settings

@@ -4,6 +4,7 @@
 
 #include <memory>
 
+#include "settings/leftover_saves.hpp"
 #include "settings/win32/system_text_settings.hpp"
 #include "shell/win32/app_windows.hpp"
 #include "shell/win32/beloved_oska.hpp"
@@ -45,6 +46,8 @@ int Main(HINSTANCE instance, int showCommand) {
   InitCommonControlsEx(&controls);
 
   BelovedOska mainWindow(ParseLaunchOptions(CommandLineWords()));
+  // Only the first copy gets here, so no save of ours is under way.
+  settings::RemoveLeftoverSaves(mainWindow.Folders());
   const FloaterLink floater = MakeFloater(instance, mainWindow, mainWindow.Folders());
   mainWindow.AttachFloater(floater.floater.get(), floater.toggle);
   if (!mainWindow.Show(showCommand)) return 1;
