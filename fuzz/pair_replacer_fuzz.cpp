@@ -42,9 +42,11 @@ std::u16string Plain(std::u16string text, const std::vector<TablePair>& pairs) {
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   FuzzedDataProvider input(data, size);
   const bool raw = input.ConsumeBool();
-  std::vector<TablePair> pairs(input.ConsumeIntegralInRange<std::size_t>(0, 150));
+  // Raw units in up to 600 pairs can hold more distinct units than the replacer's table of
+  // cuts takes, which sends it down its other path.
+  std::vector<TablePair> pairs(input.ConsumeIntegralInRange<std::size_t>(0, raw ? 600 : 150));
   for (TablePair& pair : pairs) {
-    pair.find = Units(input, 4, raw);
+    pair.find = Units(input, raw ? 6 : 4, raw);
     pair.replacement = Units(input, 4, raw);
   }
   PairReplacer replacer(pairs);
