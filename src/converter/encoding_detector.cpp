@@ -29,7 +29,7 @@ constexpr double kTamilFloor = 0.8;
 // English sentences score 0.85 and more, legacy Tamil sentences 0.2 at most. A tie goes to
 // English: with 25 encodings to try, some reads almost any short English text as flawless
 // Tamil, while legacy Tamil, with its capitals and punctuation inside words, seldom reads as
-// English at all.
+// English at all (and its short words that do score a little below 1 as English).
 constexpr double kEnglishFloor = 0.5;
 // How sharply a score lead turns into confidence, per letter of the text.
 constexpr double kSharpness = 0.6;

@@ -109,11 +109,16 @@ double FamiliarPairs(std::u16string_view word) {
   return pairs == 0 ? 1.0 : static_cast<double>(familiar) / static_cast<double>(pairs);
 }
 
+// A short word passes the shape and letter-pair tests by chance far more often than a long
+// one (legacy "mit" and "fis" do), so unless it is a common word it is weaker evidence.
+constexpr std::size_t kShortWord = 4;
+constexpr double kShortWordWeight = 0.95;
+
 double WordLikeness(std::u16string_view word) {
   if (!HasEnglishShape(word)) return 0;
   if (IsCommonWord(word)) return 1;
   if (std::none_of(word.begin(), word.end(), IsVowel)) return 0;
-  return FamiliarPairs(word);
+  return FamiliarPairs(word) * (word.size() <= kShortWord ? kShortWordWeight : 1.0);
 }
 
 bool IsNumber(std::u16string_view word) {

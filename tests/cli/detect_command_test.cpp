@@ -91,7 +91,7 @@ TEST(DetectCommand, NamesWhatIsNotLegacyTamilWithStatusFour) {
 }
 
 TEST(DetectCommand, ShortLegacyTextIsStillNamed) {
-  for (const std::string sentence : {"எங்கள் ஊரில் ஒரு பெரிய குளம் இருக்கிறது.", "அம்மா", "வணக்கம்"}) {
+  for (const std::string sentence : {"எங்கள் ஊரில் ஒரு பெரிய குளம் இருக்கிறது.", "அம்மா", "வணக்கம்", "மழை", "அவை"}) {
     const CommandRun legacy = Quilom({"convert", "--from", "Unicode", "--to", "Bamini"}, sentence);
     ASSERT_EQ(legacy.status, 0) << legacy.err;
     const CommandRun detected = Quilom({"detect"}, legacy.out);

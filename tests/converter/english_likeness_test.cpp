@@ -39,5 +39,13 @@ TEST(EnglishLikeness, UnfamiliarLetterPairsCostAndNumbersAreNeutral) {
   EXPECT_EQ(EnglishLikeness(u""), 0.0);
 }
 
+// Bamini writes அவை as "mit": a short word that is not a common one never reads as flawless English.
+TEST(EnglishLikeness, ShortUncommonWordsAreWeakerEvidence) {
+  EXPECT_LT(EnglishLikeness(u"mit"), 1.0);
+  EXPECT_GT(EnglishLikeness(u"mit"), 0.8);
+  EXPECT_EQ(EnglishLikeness(u"the"), 1.0);
+  EXPECT_EQ(EnglishLikeness(u"garden"), 1.0);
+}
+
 }  // namespace
 }  // namespace quilom::converter
