@@ -5,7 +5,7 @@ independent implementation of the same standards) type for them.
   make_golden.py HARNESS            rewrite the .tsv files (keys, then m17n's text)
   make_golden.py HARNESS --check    type the recorded keys again and compare with the files
 
-HARNESS is the m17n_type program built from m17n_type.c. The Tamil words come from Debian's
+HARNESS is the m17n_type program built from m17n_type.cpp. The Tamil words come from Debian's
 aspell-ta dictionary (aspell -l ta dump master); other key lists are drawn at random with a
 fixed seed, so the files only change when the generators change.
 """
