@@ -22,6 +22,8 @@ packages=(
   nsis zip unzip help2man dpkg-dev
   # real Tamil words for the round-trip measurement of reverse transliteration
   aspell aspell-ta
+  # real words of the other Indic languages, typed through the ITRANS keymaps and m17n's methods
+  aspell-hi aspell-mr aspell-bn aspell-gu aspell-pa aspell-or aspell-te aspell-kn aspell-ml
 )
 
 sudo=""
