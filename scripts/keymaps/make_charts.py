@@ -116,7 +116,9 @@ def SyllableGrid(chart, top):
 
 
 def OtherSequences(chart, top, joined):
-    others = [k for k in chart.entries if len(k) > 1 and k not in joined]
+    # "k.h" types what "k" types (the halant a consonant already has): listed once, as ".h"
+    others = [k for k in chart.entries if len(k) > 1 and k not in joined and
+              not (k.endswith(".h") and chart.entries.get(k[:-2]) == chart.entries[k])]
     if not others:
         return [], top
     parts = [Text(20, top, "Other key sequences", 16)]
