@@ -32,11 +32,24 @@ std::optional<std::u16string> DefaultOf(const SettingsDefaults* defaults, std::u
   return std::nullopt;
 }
 
-// What the text says, and why it is damaged (empty when it is not).
-std::u16string Judge(std::string_view bytes, std::u16string& text) {
+// A text that ends inside a key line, or between the CR and the LF of a line break, was cut
+// short. One that ends in a value with no line break after it is whole: files written by hand
+// or by earlier versions end that way, and half a value cannot be told from a whole one.
+bool EndsCutShort(std::u16string_view text) {
+  if (text.ends_with(u"\r\n")) return false;
+  if (text.ends_with(u'\r')) return true;
+  const size_t lastBreak = text.rfind(u"\r\n");
+  const std::u16string_view last = lastBreak == std::u16string_view::npos ? text : text.substr(lastBreak + 2);
+  return last.starts_with(kKeyPrefix) || (!last.empty() && kKeyPrefix.starts_with(last));
+}
+
+// What the text says, and why it is damaged (empty when it is not). `lastLineCut` tells that
+// the last line is only part of what it was.
+std::u16string Judge(std::string_view bytes, std::u16string& text, bool& lastLineCut) {
   std::u16string damage;
   const bool utf16 = bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF");
-  if (utf16 && bytes.size() % 2 != 0) {
+  const bool oddLength = utf16 && bytes.size() % 2 != 0;
+  if (oddLength) {
     damage = u"it holds an odd number of bytes";
     bytes.remove_suffix(1);
   }
@@ -46,7 +59,8 @@ std::u16string Judge(std::string_view bytes, std::u16string& text) {
     text = NormaliseNewlines(text);
     if (damage.empty()) damage = u"its lines are not separated by CR LF";
   }
-  if (!text.ends_with(u"\r\n") && damage.empty()) damage = u"it was cut short";
+  lastLineCut = EndsCutShort(text) || (oddLength && !text.ends_with(u"\r\n"));
+  if (lastLineCut && damage.empty()) damage = u"it was cut short";
   return damage;
 }
 
@@ -114,13 +128,11 @@ SettingsFileCheck CheckSettingsFile(const fs::path& file) {
     return check;
   }
   std::u16string text;
-  check.damage = Judge(check.bytes, text);
+  bool lastLineCut = false;
+  check.damage = Judge(check.bytes, text, lastLineCut);
   check.lines = text::Split(text, text::kCrLf);
-  if (!check.damage.empty()) {
-    check.health = SettingsFileHealth::Damaged;
-    // The last line of a text cut short may be half a key or half a value: neither is trusted.
-    if (!text.ends_with(u"\r\n")) check.lines.pop_back();
-  }
+  if (!check.damage.empty()) check.health = SettingsFileHealth::Damaged;
+  if (lastLineCut) check.lines.pop_back();
   return check;
 }
 

@@ -12,8 +12,8 @@
 // file cut short by a crash, a full disk or a bad copy would otherwise lose every key after the
 // cut at the next save, for good. Before a window uses its file:
 // - a missing or empty file is made again from the shipped defaults;
-// - a damaged file (cut short, an odd number of bytes in UTF-16, bytes that are not text in its
-//   encoding, or no CR LF line breaks at all) is copied byte for byte to
+// - a damaged file (cut short inside a key line or a line break, an odd number of bytes in
+//   UTF-16, bytes that are not text in its encoding, or no CR LF line breaks at all) is copied byte for byte to
 //   "<name>.damaged-YYYYMMDD-HHMMSS" (UTC) beside it, then rewritten with every key that could
 //   still be read, and every other known key at its shipped default;
 // and each of these is told once, through the window's load tag, never once per click.

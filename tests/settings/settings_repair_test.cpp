@@ -87,9 +87,11 @@ INSTANTIATE_TEST_SUITE_P(
     ::testing::Values(
         DamageRow{"CutMidKey", Utf16LeWithMark(u"Test settings\r\n`````Alpha\r\n7\r\n`````Beta\r\n5\r\n`````Gam"), u"7",
                   u"5", u"Alt+F12", u"cut short"},
-        DamageRow{"CutMidValue",
-                  Utf16LeWithMark(u"Test settings\r\n`````Alpha\r\n7\r\n`````Beta\r\n5\r\n`````Gamma\r\nCtr"), u"7",
-                  u"5", u"Alt+F12", u"cut short"},
+        DamageRow{"CutInsideTheKeyPrefix", Utf16LeWithMark(u"Test settings\r\n`````Alpha\r\n7\r\n`````Beta\r\n5\r\n``"),
+                  u"7", u"5", u"Alt+F12", u"cut short"},
+        DamageRow{"LastKeyLineWithoutValue",
+                  Utf16LeWithMark(u"Test settings\r\n`````Alpha\r\n7\r\n`````Beta\r\n5\r\n`````Gamma"), u"7", u"5",
+                  u"Alt+F12", u"cut short"},
         DamageRow{"CutBetweenCrAndLf",
                   Utf16LeWithMark(u"Test settings\r\n`````Alpha\r\n7\r\n`````Beta\r\n5\r\n`````Gamma\r"), u"7", u"5",
                   u"Alt+F12", u"cut short"},
@@ -104,6 +106,17 @@ INSTANTIATE_TEST_SUITE_P(
         DamageRow{"BareLineFeeds", "Test settings\n`````Alpha\n7\n`````Beta\n5\n", u"7", u"5", u"Alt+F12",
                   u"not separated by CR LF"}),
     [](const ::testing::TestParamInfo<DamageRow>& info) { return info.param.name; });
+
+TEST_F(SettingsRepairTest, AValueWithNoLineBreakAfterItEndsAWholeFile) {
+  // Files written by hand or by earlier versions end so; half a value looks no different.
+  const std::string whole = Utf16LeWithMark(u"Test settings\r\n`````Alpha\r\n7\r\n`````Beta\r\n5\r\n`````Gamma\r\nF9");
+  WriteBytes(File(), whole);
+  EXPECT_EQ(CheckSettingsFile(File()).health, SettingsFileHealth::Healthy);
+  EXPECT_EQ(settings.GetToolSetting(u"Gamma"), u"F9");
+  EXPECT_EQ(ReadBytes(File()), whole);
+  EXPECT_TRUE(reports->messages.empty());
+  EXPECT_TRUE(DamagedCopies(folder.path()).empty());
+}
 
 TEST_F(SettingsRepairTest, AMendedFileKeepsTheUsersOwnKeysAndGetsEveryKnownKey) {
   WriteBytes(File(), Utf16LeWithMark(u"My title\r\n`````Mine\r\nhello\r\n`````Beta\r\n5\r\n`````Alp"));
