@@ -12,6 +12,9 @@ With "chCh" = "1" in the typing settings the loader takes the variant in the sub
 "chCh-1", where c types the consonant of ca (च) and ch that of Cha (छ), the older ITRANS
 spelling. Deliberate choices where ITRANS users differ: digits stay Latin digits (most modern text
 uses them); "n" before a velar or palatal stays न (type ~N or ~n for the nasal letter).
+
+Every way these keymaps type something else than m17n's itrans methods, with its reason, is in
+"ITRANS keymap notes.txt" beside the keymaps; tests/translit/m17n holds the test that keeps it true.
 """
 
 import os
