@@ -28,7 +28,8 @@ HookDecision HookPipeline::DecideGlobal(const KeyEvent& event) {
   const int vk = KeyOf(event);
   HookDecision decision;
   if (IsKeyDownMessage(event.message)) {
-    processor_.EndPausedHotkeyNumber();
+    // A hotkey key never ends the sequence: Alt held a while before F12 is still Alt+F12.
+    if (!state_.hotkeys.IsHotkey(vk)) processor_.EndPausedHotkeyNumber();
     decision = state_.ClickPending != 0 ? ClickModeDown(vk) : NormalDown(vk);
     Remember(vk, decision);
   } else if (IsKeyUpMessage(event.message)) {
@@ -184,7 +185,7 @@ HookDecision HookPipeline::DecideFocal(const KeyEvent& event) {
   const KeyClass keyClass = ClassifyKey(vk);
   if (IsKeyDownMessage(event.message)) {
     // With typing off a digit after the pause must reach the application, not choose a keymap.
-    processor_.EndPausedHotkeyNumber();
+    if (!state_.hotkeys.IsHotkey(vk)) processor_.EndPausedHotkeyNumber();
     if (!ChordHeld() && keyClass != KeyClass::LetterSpace) {
       const bool digit = keyClass == KeyClass::Digit || keyClass == KeyClass::NumpadDigit;
       if (digit && state_.HotkeyArmed && !ShiftHeld()) {

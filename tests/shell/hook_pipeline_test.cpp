@@ -346,6 +346,15 @@ TEST_F(HookPipelineTest, HotkeyKeyHeldWithItsModifierGoesOnWithTheHotkey) {
   EXPECT_EQ(CallsOf(plain), (std::vector<HookedKeyCall>{{0, kResetSignal}}));
 }
 
+TEST_F(HookPipelineTest, TheHotkeyModifierHeldLongBeforeItsKeyStillMakesTheHotkey) {
+  pipeline.HandleGlobal(Down(kPrimary));
+  clock.now += 3000;
+  Hold({kVkControl, kPrimary});
+  const HookDecision secondary = pipeline.DecideGlobal(Down(kSecondary));
+  EXPECT_TRUE(secondary.swallow);
+  EXPECT_EQ(CallsOf(secondary), (std::vector<HookedKeyCall>{{0, kSecondary}}));
+}
+
 TEST_F(HookPipelineTest, ChordWithTheHotkeyModifierEndsTheHotkeySoTheNextLetterTypes) {
   // Right Ctrl is the hotkey's modifier; Ctrl+C is a chord of its own, not a hotkey.
   pipeline.HandleGlobal(Down(kPrimary));
