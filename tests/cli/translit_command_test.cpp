@@ -212,6 +212,28 @@ TEST(TranslitCommand, InvalidInputAndFailedWritesSayWhy) {
   EXPECT_NE(missing.err.find("No such file or directory"), std::string::npos) << missing.err;
 }
 
+// The keymaps that type straight into a legacy font are the phonetic keymap passed through the
+// converter's tables: what they type reads back, through the converter, as the phonetic keymap's
+// Unicode (so a fix to a table that is not carried into its keymap fails here).
+TEST(TranslitCommand, LegacyFontKeymapsTypeWhatTheConverterReadsBack) {
+  const std::string words = "vaNakkam thamizh pongkal thangkam kooyil veLLi gnaanam sri aayutham kshEththiram";
+  const std::string unicode = Translit({}, words).out;
+  for (const char* encoding : {"Bamini", "Tscii", "Tab", "Tam", "Stmzh", "Shreelipi"}) {
+    const auto typed = Translit({"--keymap", std::string("Tamil-") + encoding + "-PhoneticTransliteration"}, words);
+    ASSERT_EQ(typed.status, 0) << encoding << typed.err;
+    const std::u16string glyphs = text::Utf8ToUtf16(typed.out);
+    EXPECT_EQ(std::count_if(glyphs.begin(), glyphs.end(), [](char16_t c) { return c >= 0x0B80 && c <= 0x0BFF; }), 0)
+        << encoding << " keymap leaves Unicode Tamil in: " << typed.out;
+    std::vector<std::string> args = {
+        "--data",       testing::SourceDataRoot().string(), "convert", "--from", encoding, "--to", "Unicode",
+        "--legacy-text"};
+    std::istringstream in(typed.out);
+    std::ostringstream out, err;
+    EXPECT_EQ(RunQuilom(args, in, out, err, testing::SourceDataRoot().parent_path(), false), 0) << err.str();
+    EXPECT_EQ(out.str(), unicode) << encoding;
+  }
+}
+
 // A data root of its own: the typing settings and a user's own scheme steer what loads.
 TEST(TranslitCommand, LoadsWhatTheTypingSettingsAndTheUsersOwnSchemeSay) {
   testing::TempFolder root;
