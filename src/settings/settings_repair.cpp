@@ -202,8 +202,8 @@ std::vector<std::u16string> OpenSettingsLines(const fs::path& file, const Settin
                                               std::u16string_view loadTag, std::chrono::system_clock::time_point now,
                                               bool& usable) {
   usable = true;
-  SettingsFileCheck check =
-      defaults != nullptr ? CheckSettingsFile(file) : SettingsFileCheck{SettingsFileHealth::Unreadable};
+  if (defaults == nullptr) return ReadSettingsLines(file, usable);
+  SettingsFileCheck check = CheckSettingsFile(file);
   switch (check.health) {
     case SettingsFileHealth::Healthy:
       return std::move(check.lines);

@@ -45,9 +45,9 @@ void CompleteSettingsLines(std::vector<std::u16string>& lines, const SettingsDef
 std::filesystem::path DamagedCopyPath(const std::filesystem::path& file, std::chrono::system_clock::time_point when);
 
 // The lines a window works with, after making a missing file again or mending a damaged one as
-// described above (with `defaults` nullptr a missing file stays missing and a damaged one is
-// mended with the keys it holds). `usable` is false only when nothing could be read: a caller
-// that rewrites the file must then leave it alone.
+// described above; with `defaults` nullptr, the lines as they stand (ReadSettingsLines). `usable`
+// is false when the file could not be read, or is damaged and no copy of it could be made: a
+// caller that rewrites the file must then leave it alone.
 std::vector<std::u16string> OpenSettingsLines(const std::filesystem::path& file, const SettingsDefaults* defaults,
                                               std::u16string_view loadTag, std::chrono::system_clock::time_point now,
                                               bool& usable);

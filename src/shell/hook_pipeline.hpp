@@ -31,6 +31,9 @@
 //   held before it first, and any other key that types or reaches the application (Enter, an
 //   arrow, a chord, a hotkey) hands over every held-back key before itself. So a rolled "ka"
 //   (k down, a down, a up, k up) gives "ka", whatever the time between the key-downs.
+// - A hotkey's number ends after a pause (HookedKeyProcessor::kHotkeyNumberPauseMs): every
+//   key-down but a hotkey key first ends a paused hotkey sequence, so that with typing off a
+//   digit typed late passes to the application instead of choosing a keymap.
 // - In the focal (hotkeys-only) hook a numeric-pad digit is taken only while a hotkey is armed,
 //   like a top-row digit: with typing off the keypad must keep working.
 namespace quilom::shell {
