@@ -314,14 +314,29 @@ std::vector<EncodingGuess> EncodingDetector::Rank(std::u16string_view text, std:
   return sorted;
 }
 
+// Bytes that are valid UTF-8 may still be legacy glyph codes: in a short text, high bytes pair
+// up into UTF-8 by chance (TSCII-like "\xCF\xB0" is U+03F0). Without a UTF-8 mark both readings
+// are ranked, and the one that reads better as Tamil is kept.
+std::u16string EncodingDetector::ReadBestDecoding(std::string_view bytes, std::size_t sampleLimit,
+                                                  std::vector<EncodingGuess>& guesses) const {
+  std::u16string text = DecodeTextFileBytes(bytes);
+  guesses = Rank(text, sampleLimit);
+  if (bytes.starts_with("\xEF\xBB\xBF") || guesses.empty()) return text;
+  std::u16string glyphCodes = LegacyBytesToText(bytes);
+  if (glyphCodes == text) return text;
+  std::vector<EncodingGuess> asGlyphCodes = Rank(glyphCodes, sampleLimit);
+  if (asGlyphCodes.front().score <= guesses.front().score) return text;
+  guesses = std::move(asGlyphCodes);
+  return glyphCodes;
+}
+
 Detection EncodingDetector::Detect(std::string_view bytes, std::size_t sampleLimit) const {
   Detection detection;
   if (const std::optional<TextKind> kind = SniffBytes(bytes)) {
     detection.kind = *kind;
     return detection;
   }
-  const std::u16string text = DecodeTextFileBytes(bytes);
-  detection.guesses = Rank(text, sampleLimit);
+  const std::u16string text = ReadBestDecoding(bytes, sampleLimit, detection.guesses);
   detection.englishLikeness = EnglishLikeness(Sample(text, sampleLimit));
   const double tamil = detection.guesses.empty() ? 0.0 : detection.guesses.front().score;
   if (detection.englishLikeness >= kEnglishFloor && detection.englishLikeness >= tamil) {

@@ -84,6 +84,9 @@ class EncodingDetector {
     // family writes back exactly as it stands was more likely written in that one.
     std::shared_ptr<PairReplacer> writer, plainRaWriter;
   };
+  // The text of the file's bytes as they read best, and its ranking.
+  std::u16string ReadBestDecoding(std::string_view bytes, std::size_t sampleLimit,
+                                  std::vector<EncodingGuess>& guesses) const;
   std::vector<bool> WritesBack(std::u16string_view sample, const std::vector<EncodingGuess>& guesses,
                                const std::vector<std::u16string>& readings) const;
   std::vector<Candidate> candidates_;
