@@ -5,10 +5,8 @@
 #include <algorithm>
 #include <cstdio>
 #include <fstream>
-#include <map>
 #include <memory>
 #include <random>
-#include <sstream>
 
 #include "converter/convert_checks.hpp"
 #include "converter/encoding_list.hpp"
@@ -22,16 +20,16 @@ namespace {
 
 std::filesystem::path Folder() { return testing::SourceDataRoot() / "Tamil Fonts Converter"; }
 
-std::vector<std::u16string> Paragraphs() {
-  std::ifstream file(std::filesystem::path(QUILOM_SOURCE_DIR) / "tests/converter/data/tamil_paragraphs.txt",
-                     std::ios::binary);
-  std::vector<std::u16string> paragraphs;
-  std::string line;
-  while (std::getline(file, line)) {
-    if (!line.empty()) paragraphs.push_back(text::Utf8ToUtf16(line));
+std::vector<std::u16string> Lines(const char* file) {
+  std::ifstream in(std::filesystem::path(QUILOM_SOURCE_DIR) / "tests/converter/data" / file, std::ios::binary);
+  std::vector<std::u16string> lines;
+  for (std::string line; std::getline(in, line);) {
+    if (!line.empty()) lines.push_back(text::Utf8ToUtf16(line));
   }
-  return paragraphs;
+  return lines;
 }
+
+std::vector<std::u16string> Paragraphs() { return Lines("tamil_paragraphs.txt"); }
 
 TEST(TamilWellFormedness, RewardsTamilAndPunishesBrokenSyllables) {
   EXPECT_GT(TamilWellFormedness(u"வணக்கம் தமிழ்"), 0.9);
@@ -107,15 +105,6 @@ TEST(EncodingDetector, NamesAFamilyWithOrBetweenItsLastTwo) {
   EXPECT_EQ(FamilyName(guess), u"Anjal or Tab");
   guess.alike = {u"Anu", u"Tab"};
   EXPECT_EQ(FamilyName(guess), u"Anjal, Anu or Tab");
-}
-
-std::vector<std::u16string> Lines(const char* file) {
-  std::ifstream in(std::filesystem::path(QUILOM_SOURCE_DIR) / "tests/converter/data" / file, std::ios::binary);
-  std::vector<std::u16string> lines;
-  for (std::string line; std::getline(in, line);) {
-    if (!line.empty()) lines.push_back(text::Utf8ToUtf16(line));
-  }
-  return lines;
 }
 
 std::vector<std::u16string> Sentences() {
