@@ -6,7 +6,7 @@ cd "$(dirname "$0")/.."
 
 bash scripts/install-deps.sh
 bash scripts/build.sh
-bash scripts/fuzz.sh "${QUILOM_FUZZ_SECONDS:-120}"
+bash scripts/fuzz.sh "${QUILOM_FUZZ_SECONDS:-150}"
 
 echo "== tests"
 ctest --preset linux -j 2
