@@ -90,7 +90,7 @@ int main(int argc, char** argv) {
          size(tscii));
   Report("convert Tscii -> Bamini", Run({quilom, "convert", "--from", "Tscii", "--to", "Bamini"}, tscii, "/dev/null"),
          size(tscii));
-  Report("detect", Run({quilom, "detect"}, tscii, "/dev/null"), size(tscii));
+  Report("detect (reads its beginning)", Run({quilom, "detect"}, tscii, "/dev/null"), size(tscii));
   fs::remove_all(folder);
   return 0;
 }

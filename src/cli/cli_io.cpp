@@ -108,6 +108,20 @@ std::optional<std::string> ReadInputBytes(CommandContext& ctx, const std::string
   return std::string(std::istreambuf_iterator<char>(*stream), std::istreambuf_iterator<char>());
 }
 
+std::optional<std::string> ReadInputPrefix(CommandContext& ctx, const std::string& file, const std::string& command,
+                                           std::size_t limit) {
+  std::optional<std::ifstream> opened;
+  if (!IsStandardStream(file)) {
+    opened = OpenInput(ctx, file, command);
+    if (!opened) return std::nullopt;
+  }
+  std::istream& in = opened ? *opened : ctx.in;
+  std::string bytes(limit, '\0');
+  in.read(bytes.data(), static_cast<std::streamsize>(limit));
+  bytes.resize(static_cast<std::size_t>(in.gcount()));
+  return bytes;
+}
+
 bool ReadBytePieces(CommandContext& ctx, const std::string& file, const std::string& command,
                     const std::function<void(std::string_view)>& piece) {
   std::optional<std::ifstream> opened;

@@ -38,6 +38,10 @@ std::vector<std::string> InputsOrStandardInput(const ParsedArgs& parsed);
 // message naming the file and the system's reason to ctx.err and returns nothing.
 std::optional<std::string> ReadInputBytes(CommandContext& ctx, const std::string& file, const std::string& command);
 
+// At most the first `limit` bytes of the input (as above), for work that looks at a beginning.
+std::optional<std::string> ReadInputPrefix(CommandContext& ctx, const std::string& file, const std::string& command,
+                                           std::size_t limit);
+
 // The input (as above) read in pieces of bounded size, each handed to `piece` as it comes.
 // Returns false after a message on ctx.err.
 bool ReadBytePieces(CommandContext& ctx, const std::string& file, const std::string& command,

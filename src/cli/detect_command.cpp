@@ -16,6 +16,7 @@ namespace quilom::cli {
 namespace {
 
 constexpr const char* kName = "detect";
+constexpr std::size_t kSampleBytes = 1 << 18;  // several times what the detector looks at
 constexpr std::size_t kRunnersUp = 3;
 
 std::string Percent(double fraction) {
@@ -49,8 +50,10 @@ int RunDetect(CommandContext& ctx) {
     ctx.err << "quilom detect: " << (parsed.error.empty() ? "give at most one input file" : parsed.error) << "\n";
     return kExitUsage;
   }
+  // The detector settles a text by its beginning; the rest is never read, so a file of any
+  // size is named in the same small memory.
   const std::optional<std::string> bytes =
-      ReadInputBytes(ctx, parsed.positional.empty() ? "" : parsed.positional[0], kName);
+      ReadInputPrefix(ctx, parsed.positional.empty() ? "" : parsed.positional[0], kName, kSampleBytes);
   if (!bytes) return kExitFailed;
   const auto folder = settings::DataFolders::ForDataRoot(ctx.dataRoot).ModuleDataFolder(converter::kConverterModule);
   const converter::EncodingDetector detector = converter::EncodingDetector::Load(folder);
