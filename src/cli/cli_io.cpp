@@ -30,8 +30,10 @@ ParsedArgs ParseArgs(const std::vector<std::string>& args, const std::set<std::s
   ParsedArgs parsed;
   // Asking for help wins over whatever else is wrong with the words.
   const auto optionsEnd = std::find(args.begin(), args.end(), "--");
-  if (std::any_of(args.begin(), optionsEnd, [](const std::string& w) { return Canonical(w) == "--quiet"; })) {
-    parsed.flags.insert("--quiet");
+  for (const char* common : {"--quiet", "--replace-invalid"}) {
+    if (std::any_of(args.begin(), optionsEnd, [common](const std::string& w) { return Canonical(w) == common; })) {
+      parsed.flags.insert(common);
+    }
   }
   if (flagOptions.count("--help") &&
       std::any_of(args.begin(), optionsEnd, [](const std::string& w) { return Canonical(w) == "--help"; })) {
@@ -60,7 +62,8 @@ ParsedArgs ParseArgs(const std::vector<std::string>& args, const std::set<std::s
         parsed.error = "option " + name + " needs a value";
         return parsed;
       }
-    } else if ((flagOptions.count(name) || name == "--quiet") && equals == std::string::npos) {
+    } else if ((flagOptions.count(name) || name == "--quiet" || name == "--replace-invalid") &&
+               equals == std::string::npos) {
       parsed.flags.insert(name);
     } else {
       parsed.error = "unknown option '" + word + "'";
@@ -143,24 +146,38 @@ bool ReadBytePieces(CommandContext& ctx, const std::string& file, const std::str
   return true;
 }
 
+bool AcceptDecodedText(CommandContext& ctx, const std::string& command, const text::TextInputDecoder& decoder) {
+  const std::optional<std::size_t> bad = decoder.InvalidAt();
+  if (!bad) return true;
+  const std::string problem = "the input is not valid " + std::string(text::TextFormName(decoder.Form())) +
+                              ": the byte at offset " + std::to_string(*bad) + " is not part of a character";
+  if (!ctx.replaceInvalid) {
+    ctx.err << "quilom " << command << ": " << problem << " (--replace-invalid reads such bytes as U+FFFD)\n";
+    return false;
+  }
+  if (!ctx.warned && !ctx.quiet) {
+    ctx.err << "quilom " << command << ": warning: " << problem << "; such bytes were read as U+FFFD\n";
+  }
+  ctx.warned = true;
+  return true;
+}
+
 bool ReadTextPieces(CommandContext& ctx, const std::string& file, const std::string& command,
                     const std::function<void(std::u16string_view)>& piece) {
   text::TextInputDecoder decoder;
   std::u16string text;
+  bool accepted = true;
   const bool read = ReadBytePieces(ctx, file, command, [&](std::string_view bytes) {
-    if (decoder.InvalidAt()) return;
+    if (!accepted) return;
     text.clear();
     decoder.Feed(bytes, text);
-    if (!decoder.InvalidAt()) piece(text);
+    accepted = AcceptDecodedText(ctx, command, decoder);
+    if (accepted) piece(text);
   });
-  if (!read) return false;
+  if (!read || !accepted) return false;
   text.clear();
   decoder.Finish(text);
-  if (const std::optional<std::size_t> bad = decoder.InvalidAt()) {
-    ctx.err << "quilom " << command << ": the input is not valid " << text::TextFormName(decoder.Form())
-            << ": the byte at offset " << *bad << " is not part of a character\n";
-    return false;
-  }
+  if (!AcceptDecodedText(ctx, command, decoder)) return false;
   piece(text);
   return true;
 }

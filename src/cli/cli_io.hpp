@@ -12,6 +12,7 @@
 
 #include "cli/command.hpp"
 #include "settings/file_replacement.hpp"
+#include "text/text_input.hpp"
 
 // Helpers shared by the subcommands: option parsing, reading the input, the progress bar.
 namespace quilom::cli {
@@ -20,7 +21,7 @@ namespace quilom::cli {
 // Unknown options are errors, so a typo never silently changes what a run does. A value comes
 // after its option or joined to it ("--keymap=NAME"); "--" ends the options; "-o", "-h" and
 // "-q" are "--output", "--help" and "--quiet", under which names they are given and kept;
-// every command takes --quiet (see CommandContext::quiet).
+// every command takes --quiet and --replace-invalid (see CommandContext).
 struct ParsedArgs {
   std::map<std::string, std::string> values;  // "--keymap" -> "Tamil-Unicode-..."
   std::set<std::string> flags;                // "--numerals"
@@ -30,6 +31,11 @@ struct ParsedArgs {
 
 ParsedArgs ParseArgs(const std::vector<std::string>& args, const std::set<std::string>& valueOptions,
                      const std::set<std::string>& flagOptions = {});
+
+// Whether text decoded so far may be used: true when it was valid, or when the run asked for
+// --replace-invalid (then with one warning, and CommandContext::warned set); otherwise false
+// after a message naming the first bad byte's offset.
+bool AcceptDecodedText(CommandContext& ctx, const std::string& command, const text::TextInputDecoder& decoder);
 
 // The input files named on the command line, or standard input ("") when none is.
 std::vector<std::string> InputsOrStandardInput(const ParsedArgs& parsed);
@@ -52,8 +58,9 @@ std::optional<std::uintmax_t> InputSize(const std::string& file);
 
 // The input (as above) read as Unicode text in pieces of bounded size (UTF-8 with or without
 // its mark, UTF-16 with its mark; see text/text_input.hpp), each decoded piece handed to
-// `piece` as it comes. Invalid input stops the reading with a message naming the byte offset.
-// Returns false after a message on ctx.err.
+// `piece` as it comes. Invalid input stops the reading with a message naming the byte offset,
+// unless the run asked for --replace-invalid (see AcceptDecodedText). Returns false after a
+// message on ctx.err.
 bool ReadTextPieces(CommandContext& ctx, const std::string& file, const std::string& command,
                     const std::function<void(std::u16string_view)>& piece);
 

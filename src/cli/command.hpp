@@ -21,6 +21,8 @@ struct CommandContext {
   std::filesystem::path dataRoot;  // the "Sorvin" folder: --data DIR, else beside the executable
   bool errIsTerminal = false;      // progress bars are drawn only on a terminal
   bool quiet = false;              // -q: no progress bar, no notes or warnings; errors still
+  bool replaceInvalid = false;     // --replace-invalid: bytes that are not text read as U+FFFD
+  bool warned = false;             // a warning was given: the run ends with status 3
   // A progress bar appears only once the work has taken this long.
   std::chrono::milliseconds progressDelay{700};
 };

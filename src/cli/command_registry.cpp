@@ -21,7 +21,8 @@ void PrintUsage(std::ostream& out) {
   for (const Command& c : sorted) out << "  " << c.usage << "\n      " << c.summary << "\n";
   out << "\nUnicode text is UTF-8 (with or without its mark) or UTF-16 with its mark; legacy-font text is\n"
          "bytes (see convert --help). FILE omitted or '-' means standard input. Every command takes\n"
-         "-h/--help, -q/--quiet and --opt=value; -o/--output names the output; -- ends the options.\n"
+         "-h/--help, -q/--quiet, --replace-invalid (bytes that are not text read as U+FFFD) and\n"
+         "--opt=value; -o/--output names the output; -- ends the options.\n"
       << kExitCodeHelp;
 }
 
@@ -88,6 +89,7 @@ int RunQuilom(const std::vector<std::string>& args, std::istream& in, std::ostre
   context.progressDelay = progressDelay;
   context.quiet =
       std::any_of(words.begin(), optionsEnd, [](const std::string& w) { return w == "-q" || w == "--quiet"; });
+  context.replaceInvalid = std::find(words.begin(), optionsEnd, "--replace-invalid") != optionsEnd;
   try {
     return found->run(context);
   } catch (const std::exception& e) {

@@ -314,7 +314,7 @@ class InputDecoder {
     }
     std::u16string text;
     decoder_.Feed(bytes, text);
-    if (decoder_.InvalidAt()) return Refuse(InvalidTextMessage());
+    if (!AcceptDecodedText(ctx_, kName, decoder_)) return Fail();
     return text;
   }
 
@@ -322,7 +322,7 @@ class InputDecoder {
     std::u16string text;
     if (failed_ || ReadsLegacyBytes(options_)) return failed_ ? std::nullopt : std::optional(text);
     decoder_.Finish(text);
-    if (decoder_.InvalidAt()) return Refuse(InvalidTextMessage());
+    if (!AcceptDecodedText(ctx_, kName, decoder_)) return Fail();
     return text;
   }
 
@@ -340,12 +340,10 @@ class InputDecoder {
            "Unicode if it is Unicode Tamil";
   }
 
-  std::string InvalidTextMessage() const {
-    std::string message = "the input is not valid " + std::string(text::TextFormName(decoder_.Form())) +
-                          ": the byte at offset " + std::to_string(*decoder_.InvalidAt()) +
-                          " is not part of a character";
-    if (options_.from == 0) message += " (legacy-font text? name its encoding with --from)";
-    return message;
+  std::optional<std::u16string> Fail() {
+    failed_ = true;
+    if (options_.from == 0) ctx_.err << "quilom convert: legacy-font text? name its encoding with --from\n";
+    return std::nullopt;
   }
 
   CommandContext& ctx_;
@@ -516,7 +514,7 @@ int ConvertPlainText(CommandContext& ctx, const EncodingList& list, const Option
   if (!output.Commit()) {
     return kExitFailed;
   }
-  return findings.count > 0 ? kExitLeftOvers : kExitDone;
+  return findings.count > 0 || ctx.warned ? kExitLeftOvers : kExitDone;
 }
 
 int ConvertDocument(CommandContext& ctx, const EncodingList& list, const Options& options, const std::string& input,

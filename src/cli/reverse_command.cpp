@@ -145,7 +145,8 @@ int RunReverse(CommandContext& ctx) {
   write(run.Finish());
   if (parsed.flags.count("--counts")) ctx.err << run.Counts() << "\n";
   if (written && file) written = file->Commit();
-  return written ? kExitDone : kExitFailed;
+  if (!written) return kExitFailed;
+  return ctx.warned ? kExitLeftOvers : kExitDone;
 }
 
 const RegisterCommand registration({

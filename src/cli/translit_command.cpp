@@ -118,7 +118,8 @@ int RunTranslit(CommandContext& ctx) {
   }
   if (read) write(typist.Finish());
   if (read && written && outputFile) written = outputFile->Commit();
-  return read && written ? kExitDone : kExitFailed;
+  if (!read || !written) return kExitFailed;
+  return ctx.warned ? kExitLeftOvers : kExitDone;
 }
 
 const RegisterCommand kRegistration{Command{

@@ -79,6 +79,7 @@ TEST(CommandConventions, EveryCommandThatWritesTakesDashO) {
       {{"translit", in, "-o"}, "க"},
       {{"convert", "--from", "Unicode", "--to", "Bamini", "-o"}, "f"},
       {{"reverse", "--no-word-list", "--output"}, "ka"},
+      {{"urlnorm", "a%41", "-o"}, "aA\n"},
   };
   for (const Case& c : cases) {
     std::vector<std::string> args = c.args;
@@ -87,6 +88,25 @@ TEST(CommandConventions, EveryCommandThatWritesTakesDashO) {
     EXPECT_EQ(run.status, 0) << c.args[0] << ": " << run.err;
     EXPECT_EQ(testing::ReadBytes(folder / "out.txt"), c.expected) << c.args[0];
     fs::remove(folder / "out.txt");
+  }
+}
+
+// Every command reads text the same way: invalid UTF-8 is refused with its offset, unless the
+// run asks for it to be read as U+FFFD, which ends with a warning and status 3.
+TEST(CommandConventions, InvalidTextIsRefusedOrReplacedOnRequestByEveryCommand) {
+  const std::vector<std::vector<std::string>> commands = {
+      {"translit"}, {"reverse", "--no-word-list"}, {"convert", "--from", "Unicode", "--to", "Tace"}, {"urlnorm"}};
+  for (const std::vector<std::string>& command : commands) {
+    const QuilomRun refused = Quilom(command, "ab\xE9");
+    EXPECT_EQ(refused.status, 1) << command[0];
+    EXPECT_NE(refused.err.find("not valid UTF-8: the byte at offset 2"), std::string::npos) << refused.err;
+    if (command[0] == "urlnorm") continue;  // an address cannot hold U+FFFD
+    std::vector<std::string> replacing = command;
+    replacing.push_back("--replace-invalid");
+    const QuilomRun replaced = Quilom(replacing, "ab\xE9");
+    EXPECT_EQ(replaced.status, 3) << command[0] << replaced.err;
+    EXPECT_NE(replaced.out.find("\xEF\xBF\xBD"), std::string::npos) << command[0] << ": " << replaced.out;
+    EXPECT_NE(replaced.err.find("warning"), std::string::npos) << command[0];
   }
 }
 
