@@ -35,6 +35,7 @@
 #include "converter/convert_checks.hpp"
 #include "converter/converter_lists.hpp"
 #include "converter/document_backends.hpp"
+#include "converter/document_signature.hpp"
 #include "converter/encoding_list.hpp"
 #include "converter/legacy_bytes.hpp"
 #include "converter/plain_text_editor.hpp"
@@ -531,6 +532,11 @@ int ConvertDocument(CommandContext& ctx, const EncodingList& list, const Options
     return kExitUsage;
   }
   const std::filesystem::path outputPath = std::filesystem::u8path(output);
+  const std::string notADocument = DocumentFileProblem(inputPath);
+  if (!notADocument.empty()) {
+    ctx.err << "quilom convert: cannot open '" << input << "': " << notADocument << "\n";
+    return kExitFailed;
+  }
   std::string error;
   const std::unique_ptr<DocumentSession> session = FindDocumentBackend(extension)->Open(inputPath, error);
   if (!session) {
@@ -550,9 +556,22 @@ int ConvertDocument(CommandContext& ctx, const EncodingList& list, const Options
   return kExitDone;
 }
 
+// A missing folder for the output is a mistyped path more often than a wish: it is made only
+// when asked for (--parents).
+bool PrepareOutputFolder(CommandContext& ctx, const std::string& output, bool makeParents) {
+  if (output.empty() || output == "-") return true;
+  const std::filesystem::path folder = std::filesystem::u8path(output).parent_path();
+  std::error_code ec;
+  if (folder.empty() || std::filesystem::is_directory(folder, ec)) return true;
+  if (makeParents && std::filesystem::create_directories(folder, ec)) return true;
+  ctx.err << "quilom convert: the output's folder '" << folder.string() << "' "
+          << (makeParents ? "cannot be made: " + ec.message() : "does not exist (--parents makes it)") << "\n";
+  return false;
+}
+
 std::string Usage() {
   return "convert --from ENCODING --to ENCODING [FILE...] [-o|--output OUT] [--legacy-text] [-q] [--list] "
-         "[--unmappable stop|skip|replace|keep] [--replacement CHAR] [--decorative-quotes] [--plain-ra] "
+         "[--parents] [--unmappable stop|skip|replace|keep] [--replacement CHAR] [--decorative-quotes] [--plain-ra] "
          "[--keep-vowel-sign-glyphs] [--legacy-font NAME]... [--unicode-font NAME] [--font NAME] [--help]";
 }
 
@@ -657,7 +676,8 @@ int RunConvert(CommandContext& ctx) {
   }
   const ParsedArgs parsed =
       ParseArgs(*words, {"--from", "--to", "--output", "--font", "--unicode-font", "--unmappable", "--replacement"},
-                {"--decorative-quotes", "--plain-ra", "--keep-vowel-sign-glyphs", "--legacy-text", "--list", "--help"});
+                {"--decorative-quotes", "--plain-ra", "--keep-vowel-sign-glyphs", "--legacy-text", "--list",
+                 "--parents", "--help"});
   if (parsed.flags.count("--help")) {
     ctx.out << "quilom " << Usage() << "\n\n"
             << kTextHelp << "\n"
@@ -688,7 +708,8 @@ int RunConvert(CommandContext& ctx) {
   const std::vector<std::string> inputs = parsed.positional.empty() ? std::vector<std::string>{""} : parsed.positional;
   const std::string& input = inputs.front();
   const std::string output = parsed.values.count("--output") ? parsed.values.at("--output") : "";
-  if (RefuseOutputOverInput(ctx, output, inputs, kName)) {
+  if (RefuseOutputOverInput(ctx, output, inputs, kName) ||
+      !PrepareOutputFolder(ctx, output, parsed.flags.count("--parents") > 0)) {
     return kExitUsage;
   }
   const std::string extension = input.empty() ? "" : DocumentExtension(std::filesystem::u8path(input));

@@ -308,11 +308,35 @@ class ConvertDocumentFonts : public ::testing::Test {
     Log() = {};
   }
   CommandRun ConvertDocument(std::vector<std::string> words, bool errIsTerminal = false) {
-    words.insert(words.end(), {"letter.qrec", "-o", (folder_ / "out.qrec").string()});
+    testing::WriteBytes(folder_ / "letter.qrec", "{\\rtf1 }");
+    words.insert(words.end(), {(folder_ / "letter.qrec").string(), "-o", (folder_ / "out.qrec").string()});
     return Convert(words, "", errIsTerminal);
   }
   testing::TempFolder folder_;
 };
+
+// A file that is no document is refused before the word processor is asked to open it, and
+// an output folder that does not exist is made only on request.
+TEST_F(ConvertDocumentFonts, RefusesNonDocumentsAndMissingFoldersBeforeAnyWork) {
+  testing::WriteBytes(folder_ / "garbage.qrec", "\x89PNG\r\n\x1A\n....");
+  const CommandRun garbage =
+      Convert({"--from", "Bamini", "--to", "Unicode", (folder_ / "garbage.qrec").string(), "-o", "out.qrec"});
+  EXPECT_EQ(garbage.status, 1);
+  EXPECT_NE(garbage.err.find("it is not a word-processor document"), std::string::npos) << garbage.err;
+  EXPECT_EQ(Log().replaceAlls, 0u);
+
+  const std::string missing = (folder_ / "no" / "such" / "out.qrec").string();
+  ASSERT_EQ(ConvertDocument({"--from", "Bamini", "--to", "Unicode"}).status, 0);  // writes letter.qrec
+  const CommandRun noFolder =
+      Convert({"--from", "Bamini", "--to", "Unicode", (folder_ / "letter.qrec").string(), "-o", missing});
+  EXPECT_EQ(noFolder.status, 2);
+  EXPECT_NE(noFolder.err.find("does not exist (--parents makes it)"), std::string::npos) << noFolder.err;
+  EXPECT_FALSE(std::filesystem::exists(folder_ / "no"));
+  const CommandRun made =
+      Convert({"--from", "Bamini", "--to", "Unicode", (folder_ / "letter.qrec").string(), "-o", missing, "--parents"});
+  EXPECT_EQ(made.status, 0) << made.err;
+  EXPECT_TRUE(std::filesystem::is_directory(folder_ / "no" / "such"));
+}
 
 TEST_F(ConvertDocumentFonts, FindsOnlyTheLegacyFontsAndGivesTheChosenUnicodeFont) {
   using Fonts = std::vector<std::u16string>;

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <sstream>
 
 #include "cli/command.hpp"
@@ -18,10 +19,10 @@ TEST(QuilomConvert, ConvertsADocxIntoANewDocument) {
                 {{{u"\u00BE\u00C1\u00A2\u00FA \u00A6\u00B8\u00A1\u00CA", u"TSCu_Paranar", true}}});
   std::istringstream in;
   std::ostringstream out, err;
-  const int status = cli::RunQuilom({"--data", SourceDataRoot().string(), "convert", "--from", "Tscii", "--to",
-                                     "Unicode", (folder / "report.docx").string(), "-o",
-                                     (folder / "report.odt").string()},
-                                    in, out, err, folder.path(), false);
+  const int status =
+      cli::RunQuilom({"--data", SourceDataRoot().string(), "convert", "--from", "Tscii", "--to", "Unicode",
+                      (folder / "report.docx").string(), "-o", (folder / "report.odt").string()},
+                     in, out, err, folder.path(), false);
   ASSERT_EQ(status, 0) << err.str();
   const auto paragraphs = ReadDocument(folder / "report.odt");
   ASSERT_EQ(paragraphs.size(), 1u);
@@ -29,6 +30,30 @@ TEST(QuilomConvert, ConvertsADocxIntoANewDocument) {
   EXPECT_TRUE(paragraphs[0][0].bold);
   // No partial file is left beside the output.
   EXPECT_FALSE(std::filesystem::exists(folder / "report.odt.quilom-partial.odt"));
+}
+
+// A document saved from Writer's web view (mimetype text-web) loads as a web document; it is
+// converted and saved like any other.
+TEST(QuilomConvert, ConvertsADocumentOfTheWebView) {
+  ASSERT_NE(Office(), nullptr);
+  TempFolder folder;
+  WriteDocument(folder / "page.odt", {{{u"\u00BE\u00C1\u00A2\u00FA", u"TSCu_Paranar", false}}});
+  const std::string web = "cd '" + folder.path().string() +
+                          "' && mkdir unpacked && cd unpacked && unzip -q ../page.odt && "
+                          "printf application/vnd.oasis.opendocument.text-web > mimetype && "
+                          "sed -i 's#opendocument.text\"#opendocument.text-web\"#' META-INF/manifest.xml && "
+                          "zip -q -X -0 ../web.odt mimetype && zip -q -X -r ../web.odt . -x mimetype";
+  ASSERT_EQ(std::system(web.c_str()), 0);
+  std::istringstream in;
+  std::ostringstream out, err;
+  const int status = cli::RunQuilom(
+      {"--data", SourceDataRoot().string(), "convert", "--from", "Tscii", "--to", "Unicode",
+       (folder / "web.odt").string(), "-o", (folder / "web-out.odt").string(), "--legacy-font", "TSCu_Paranar"},
+      in, out, err, folder.path(), false);
+  ASSERT_EQ(status, 0) << err.str();
+  const auto paragraphs = ReadDocument(folder / "web-out.odt");
+  ASSERT_EQ(paragraphs.size(), 1u);
+  EXPECT_EQ(TextOf(paragraphs[0]), u"தமிழ்");
 }
 
 // A program that never accepts a connection is given up on after the time-out, and stopped.

@@ -2,13 +2,12 @@
 
 #include <algorithm>
 #include <cctype>
-#include <system_error>
-
 #include <com/sun/star/frame/XComponentLoader.hpp>
 #include <com/sun/star/frame/XStorable.hpp>
 #include <com/sun/star/lang/XServiceInfo.hpp>
 #include <com/sun/star/util/XCloseable.hpp>
 #include <osl/file.hxx>
+#include <system_error>
 
 #include "converter/libreoffice/uno_names.hpp"
 #include "converter/libreoffice/uno_text.hpp"
@@ -20,8 +19,8 @@ namespace {
 bool FileUrlOf(const std::filesystem::path& file, rtl::OUString& url, std::string& error) {
   std::error_code ec;
   const std::filesystem::path absolute = std::filesystem::absolute(file, ec);
-  const rtl::OUString systemPath = rtl::OStringToOUString(rtl::OString(absolute.string().c_str()),
-                                                          RTL_TEXTENCODING_UTF8);
+  const rtl::OUString systemPath =
+      rtl::OStringToOUString(rtl::OString(absolute.string().c_str()), RTL_TEXTENCODING_UTF8);
   if (ec || osl::FileBase::getFileURLFromSystemPath(systemPath, url) != osl::FileBase::E_None) {
     error = "cannot name " + file.string() + " for LibreOffice";
     return false;
@@ -61,15 +60,16 @@ Reference<css::frame::XModel> LoadDocument(const Reference<css::frame::XDesktop2
       Property(u"Hidden", Any(true)),
       // The input is never written (copies are stored elsewhere), and a read-only load leaves
       // no lock file beside it.
-      Property(u"ReadOnly", Any(true)),
-      Property(u"MacroExecutionMode", Any(sal_Int16(0))),  // NEVER_EXECUTE
+      Property(u"ReadOnly", Any(true)), Property(u"MacroExecutionMode", Any(sal_Int16(0))),  // NEVER_EXECUTE
   };
   try {
     const Reference<css::lang::XComponent> component =
         Reference<css::frame::XComponentLoader>(desktop, UNO_QUERY_THROW)
             ->loadComponentFromURL(url, ToOUString(u"_blank"), 0, MakeSequence(options));
     Reference<css::lang::XServiceInfo> info(component, UNO_QUERY);
-    if (!info.is() || !info->supportsService(ToOUString(u"com.sun.star.text.TextDocument"))) {
+    // A document saved from Writer's web view loads as a web document: the same text model.
+    if (!info.is() || (!info->supportsService(ToOUString(u"com.sun.star.text.TextDocument")) &&
+                       !info->supportsService(ToOUString(u"com.sun.star.text.WebDocument")))) {
       if (component.is()) {
         CloseDocument(Reference<css::frame::XModel>(component, UNO_QUERY));
       }
@@ -85,7 +85,12 @@ Reference<css::frame::XModel> LoadDocument(const Reference<css::frame::XDesktop2
 
 bool StoreDocumentAs(const Reference<css::frame::XModel>& document, const std::filesystem::path& output,
                      std::string& error) {
-  const std::u16string filter = FilterForExtension(LowerExtension(output));
+  std::u16string filter = FilterForExtension(LowerExtension(output));
+  // The web view keeps its own filter for the OpenDocument package.
+  const Reference<css::lang::XServiceInfo> info(document, UNO_QUERY);
+  if (filter == u"writer8" && info.is() && info->supportsService(ToOUString(u"com.sun.star.text.WebDocument"))) {
+    filter = u"writerweb8_writer";
+  }
   if (filter.empty()) {
     error = "cannot write " + output.string() + ": use .odt, .docx, .doc or .rtf";
     return false;
