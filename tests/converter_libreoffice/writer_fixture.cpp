@@ -51,14 +51,17 @@ Run ReadRun(const Reference<css::text::XTextRange>& portion) {
   const Reference<css::beans::XPropertySet> properties(portion, UNO_QUERY_THROW);
   Run run;
   run.text = ToU16(portion->getString());
+  // Writer shows each script with its own attributes: Tamil with the complex-script ones.
+  const std::u16string fontProperty = FontPropertyFor(run.text);
+  const bool complex = fontProperty == u"CharFontNameComplex";
   rtl::OUString font;
-  properties->getPropertyValue(ToOUString(FontPropertyFor(run.text))) >>= font;
+  properties->getPropertyValue(ToOUString(fontProperty)) >>= font;
   run.font = ToU16(font);
   float weight = 100.0f;
-  properties->getPropertyValue(ToOUString(u"CharWeight")) >>= weight;
+  properties->getPropertyValue(ToOUString(complex ? u"CharWeightComplex" : u"CharWeight")) >>= weight;
   run.bold = weight > 100.0f;
   css::awt::FontSlant slant = css::awt::FontSlant_NONE;
-  properties->getPropertyValue(ToOUString(u"CharPosture")) >>= slant;
+  properties->getPropertyValue(ToOUString(complex ? u"CharPostureComplex" : u"CharPosture")) >>= slant;
   run.italic = slant == css::awt::FontSlant_ITALIC;
   return run;
 }

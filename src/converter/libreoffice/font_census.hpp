@@ -1,9 +1,8 @@
 #pragma once
 
+#include <com/sun/star/frame/XModel.hpp>
 #include <set>
 #include <string>
-
-#include <com/sun/star/frame/XModel.hpp>
 
 // Writer's font-restricted replace-all misses occurrences once a paragraph holds runs of the
 // find font that differ in other formatting (bold next to plain) and replacements have split
@@ -26,7 +25,7 @@ struct FontCensus {
 FontCensus TakeFontCensus(const com::sun::star::uno::Reference<com::sun::star::frame::XModel>& document,
                           const std::u16string& fontProperty, const std::u16string& fontName);
 
-// Gives every run of the body text (paragraphs and table cells) whose `fontProperty` is
+// Gives every run of the document's text (see text_portions.hpp) whose `fontProperty` is
 // `fontName` only by inheritance (from its paragraph style or the document default) that
 // font as direct formatting. Writer's font-restricted search sees direct formatting only, so
 // without this such text would never be converted. Nothing changes on screen. Returns the

@@ -1,7 +1,6 @@
 #include "converter/libreoffice/writer_editor.hpp"
 
 #include <algorithm>
-
 #include <com/sun/star/beans/XPropertySet.hpp>
 #include <com/sun/star/container/XIndexAccess.hpp>
 #include <com/sun/star/document/XUndoManager.hpp>
@@ -9,6 +8,7 @@
 
 #include "converter/libreoffice/font_census.hpp"
 #include "converter/libreoffice/font_search.hpp"
+#include "converter/libreoffice/script_formatting.hpp"
 #include "converter/libreoffice/text_ranges.hpp"
 #include "converter/libreoffice/uno_names.hpp"
 #include "converter/libreoffice/uno_text.hpp"
@@ -58,7 +58,10 @@ void WriterEditor::SetScope(EditScope scope) {
 
 void WriterEditor::SetFindFont(std::u16string_view fontName) { findFont_ = std::u16string(fontName); }
 
-void WriterEditor::SetReplacementFont(std::u16string_view fontName) { replacementFont_ = std::u16string(fontName); }
+void WriterEditor::SetReplacementFont(std::u16string_view fontName) {
+  replacementFont_ = std::u16string(fontName);
+  if (!replacementFont_.empty()) givenFonts_.insert(replacementFont_);
+}
 
 void WriterEditor::StyleDeferredTextNow() {
   try {
@@ -202,8 +205,8 @@ bool WriterEditor::CanDeferFont(const FontSearch& search, const std::u16string& 
 
 void WriterEditor::StyleDeferredTextMatching(const std::u16string& findText) {
   for (auto it = deferred_.begin(); it != deferred_.end();) {
-    const bool touched = std::any_of(findText.begin(), findText.end(),
-                                     [&](char16_t c) { return it->second.characters.count(c) != 0; });
+    const bool touched =
+        std::any_of(findText.begin(), findText.end(), [&](char16_t c) { return it->second.characters.count(c) != 0; });
     if (touched) {
       const auto font = it->first;
       const Deferred later = std::move(it->second);
@@ -311,6 +314,8 @@ bool WriterEditor::FinishRun() noexcept {
     }
   };
   step([&] { StyleAllDeferredText(); });
+  step([&] { CarryFormattingAcrossScripts(document_, givenFonts_); });
+  givenFonts_.clear();
   census_.clear();
   splitFonts_.clear();
   insertedCharacters_.clear();

@@ -1,11 +1,10 @@
 #pragma once
 
+#include <com/sun/star/frame/XModel.hpp>
 #include <map>
 #include <set>
 #include <string>
 #include <utility>
-
-#include <com/sun/star/frame/XModel.hpp>
 
 #include "converter/document_editor.hpp"
 #include "converter/libreoffice/font_census.hpp"
@@ -101,6 +100,7 @@ class WriterEditor final : public DocumentEditor {
   EditScope scope_ = EditScope::WholeDocument;
   std::u16string findFont_;
   std::u16string replacementFont_;
+  std::set<std::u16string> givenFonts_;  // every font the run gave converted text
   bool running_ = false;
   bool controllersLocked_ = false;
   bool undoLocked_ = false;
