@@ -20,6 +20,8 @@ packages=(
   python3-fonttools libharfbuzz-bin
   # the installer and the portable zip of the Windows builds; the Debian package of the command
   nsis zip unzip help2man dpkg-dev
+  # what a person sees of a converted document: LibreOffice's PDF export, read back
+  poppler-utils
   # real Tamil words for the round-trip measurement of reverse transliteration
   aspell aspell-ta
   # real words of the other Indic languages, typed through the ITRANS keymaps and m17n's methods
