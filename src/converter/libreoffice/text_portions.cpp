@@ -4,6 +4,7 @@
 #include <com/sun/star/container/XEnumerationAccess.hpp>
 #include <com/sun/star/container/XIndexAccess.hpp>
 #include <com/sun/star/container/XNameAccess.hpp>
+#include <com/sun/star/drawing/XDrawPageSupplier.hpp>
 #include <com/sun/star/lang/XServiceInfo.hpp>
 #include <com/sun/star/style/XStyleFamiliesSupplier.hpp>
 #include <com/sun/star/text/XEndnotesSupplier.hpp>
@@ -90,6 +91,10 @@ void ForEachTextPortion(const Reference<css::frame::XModel>& document, const Por
   }
   if (const Reference<css::text::XEndnotesSupplier> endnotes(document, UNO_QUERY); endnotes.is()) {
     VisitEach(endnotes->getEndnotes(), visit);
+  }
+  // Text boxes (what other word processors' frames become) are shapes on the draw page.
+  if (const Reference<css::drawing::XDrawPageSupplier> page(document, UNO_QUERY); page.is()) {
+    VisitEach(Reference<css::container::XIndexAccess>(page->getDrawPage(), UNO_QUERY), visit);
   }
   VisitHeadersAndFooters(document, visit);
 }
