@@ -15,9 +15,7 @@
 namespace quilom::converter::libreoffice {
 namespace {
 
-bool IsExecutable(const std::filesystem::path& file) {
-  return !file.empty() && access(file.c_str(), X_OK) == 0;
-}
+bool IsExecutable(const std::filesystem::path& file) { return !file.empty() && access(file.c_str(), X_OK) == 0; }
 
 std::filesystem::path SearchPath(const std::string& program) {
   const char* path = std::getenv("PATH");
@@ -68,13 +66,39 @@ void WaitForGroup(int pgid, std::chrono::milliseconds limit) {
 std::string FileUrl(const std::filesystem::path& folder) { return "file://" + folder.string(); }
 
 // The offices of this process, for the signal handler: an office runs in a session of its
-// own, so an interrupted or killed-by-timeout client would otherwise leave it running.
+// own, so an interrupted or killed-by-timeout client would otherwise leave it running, and its
+// private profile behind.
 constexpr int kMaxOffices = 8;
+constexpr std::size_t kMaxProfilePath = 1024;
 volatile sig_atomic_t runningGroups[kMaxOffices] = {};
+char runningProfiles[kMaxOffices][kMaxProfilePath] = {};
+
+// The handlers that were in place before ours (the command's own clean-up), called after ours.
+struct sigaction previousHandlers[NSIG] = {};
+
+// Only calls that a signal handler may make: kill, fork, execv, waitpid.
+void RemoveProfile(const char* profile) {
+  if (profile[0] == '\0') return;
+  const pid_t remover = fork();
+  if (remover == 0) {
+    char* const argv[] = {const_cast<char*>("rm"), const_cast<char*>("-rf"), const_cast<char*>(profile), nullptr};
+    execv("/bin/rm", argv);
+    _exit(127);
+  }
+  if (remover > 0) waitpid(remover, nullptr, 0);
+}
 
 extern "C" void StopOfficesAndDie(int signalNumber) {
   for (int i = 0; i < kMaxOffices; ++i) {
-    if (runningGroups[i] > 0) kill(-runningGroups[i], SIGKILL);
+    if (runningGroups[i] > 0) {
+      kill(-runningGroups[i], SIGKILL);
+      RemoveProfile(runningProfiles[i]);
+    }
+  }
+  const struct sigaction& previous = previousHandlers[signalNumber];
+  if (!(previous.sa_flags & SA_SIGINFO) && previous.sa_handler != SIG_DFL && previous.sa_handler != SIG_IGN &&
+      previous.sa_handler != nullptr) {
+    previous.sa_handler(signalNumber);  // the command's own clean-up, which ends the program
   }
   signal(signalNumber, SIG_DFL);
   raise(signalNumber);
@@ -83,24 +107,27 @@ extern "C" void StopOfficesAndDie(int signalNumber) {
 void WatchSignals() {
   for (int signalNumber : {SIGINT, SIGTERM, SIGHUP}) {
     struct sigaction current {};
-    // A handler the program installed itself is left alone.
-    if (sigaction(signalNumber, nullptr, &current) == 0 && current.sa_handler == SIG_DFL) {
-      struct sigaction stop {};
-      stop.sa_handler = StopOfficesAndDie;
-      sigemptyset(&stop.sa_mask);
-      sigaction(signalNumber, &stop, nullptr);
-    }
+    if (sigaction(signalNumber, nullptr, &current) != 0 || current.sa_handler == StopOfficesAndDie) continue;
+    if (current.sa_handler == SIG_IGN) continue;  // a signal the program ignores stays ignored
+    previousHandlers[signalNumber] = current;
+    struct sigaction stop {};
+    stop.sa_handler = StopOfficesAndDie;
+    sigemptyset(&stop.sa_mask);
+    sigaction(signalNumber, &stop, nullptr);
   }
 }
 
-void Remember(int pgid, bool running) {
+void Remember(int pgid, bool running, const std::filesystem::path& profile = {}) {
   for (int i = 0; i < kMaxOffices; ++i) {
     if (running && runningGroups[i] == 0) {
+      const std::string path = profile.string();
+      if (path.size() < kMaxProfilePath) std::memcpy(runningProfiles[i], path.c_str(), path.size() + 1);
       runningGroups[i] = pgid;
       return;
     }
     if (!running && runningGroups[i] == pgid) {
       runningGroups[i] = 0;
+      runningProfiles[i][0] = '\0';
       return;
     }
   }
@@ -143,6 +170,17 @@ bool OfficeProcess::Start(const std::filesystem::path& soffice, std::string& err
   std::vector<char*> argv;
   for (const std::string& word : words) argv.push_back(const_cast<char*>(word.c_str()));
   argv.push_back(nullptr);
+  // The office's own temporary files go inside the profile, so that one removal takes them all,
+  // even after the office was killed.
+  const std::filesystem::path officeTemp = profileDir_ / "tmp";
+  std::filesystem::create_directory(officeTemp, ec);
+  std::vector<std::string> environment = {"TMPDIR=" + officeTemp.string()};
+  for (char** entry = environ; *entry != nullptr; ++entry) {
+    if (std::strncmp(*entry, "TMPDIR=", 7) != 0) environment.emplace_back(*entry);
+  }
+  std::vector<char*> envp;
+  for (std::string& entry : environment) envp.push_back(entry.data());
+  envp.push_back(nullptr);
 
   const int pid = fork();
   if (pid < 0) {
@@ -159,12 +197,12 @@ bool OfficeProcess::Start(const std::filesystem::path& soffice, std::string& err
       dup2(devNull, STDOUT_FILENO);
       dup2(devNull, STDERR_FILENO);
     }
-    execv(argv[0], argv.data());
+    execve(argv[0], argv.data(), envp.data());
     _exit(127);
   }
   pid_ = pid;
   WatchSignals();
-  Remember(pid, true);
+  Remember(pid, true, profileDir_);
   // Until the child has its own process group, signalling the group would miss it.
   const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(2);
   while (getpgid(pid) != pid && std::chrono::steady_clock::now() < deadline) {
