@@ -254,20 +254,21 @@ bool RefuseOutputOverInput(CommandContext& ctx, const std::string& output, const
 ProgressBar::ProgressBar(CommandContext& ctx, std::string label)
     : ctx_(ctx), label_(std::move(label)), started_(std::chrono::steady_clock::now()) {}
 
-void ProgressBar::Update(int percent) {
-  if (!ctx_.errIsTerminal || ctx_.quiet || percent == shown_) return;
+void ProgressBar::Update(int percent, const std::string& detail) {
+  if (!ctx_.errIsTerminal || ctx_.quiet || (percent == shown_ && detail == detail_)) return;
   // Work that ends within a moment draws nothing: a bar that flashes by only clutters.
   if (shown_ < 0 && std::chrono::steady_clock::now() - started_ < ctx_.progressDelay) return;
   shown_ = percent;
+  detail_ = detail;
   constexpr int kWidth = 40;
   const int filled = percent * kWidth / 100;
   ctx_.err << "\r" << label_ << " [" << std::string(filled, '#') << std::string(kWidth - filled, '.') << "] " << percent
-           << "%" << std::flush;
+           << "%" << (detail.empty() ? "" : " " + detail + "\x1b[K") << std::flush;
 }
 
 void ProgressBar::Finish() {
   if (!ctx_.errIsTerminal || shown_ < 0) return;
-  Update(100);
+  Update(100, detail_);
   ctx_.err << "\n" << std::flush;
 }
 

@@ -103,7 +103,8 @@ bool RefuseOutputOverInput(CommandContext& ctx, const std::string& output, const
 class ProgressBar {
  public:
   ProgressBar(CommandContext& ctx, std::string label);
-  void Update(int percent);
+  // `detail` follows the bar: "12/200 files, 1 failed, 0:42 left".
+  void Update(int percent, const std::string& detail = "");
   void Finish();
 
  private:
@@ -111,6 +112,7 @@ class ProgressBar {
   std::string label_;
   std::chrono::steady_clock::time_point started_;
   int shown_ = -1;
+  std::string detail_;
 };
 
 }  // namespace quilom::cli

@@ -22,10 +22,12 @@
 // draws one progress bar over all its steps and font passes.
 
 #include <algorithm>
+#include <cctype>
 #include <chrono>
 #include <cstdio>
 #include <filesystem>
 #include <ostream>
+#include <sstream>
 
 #include "cli/cli_io.hpp"
 #include "cli/command.hpp"
@@ -570,10 +572,18 @@ bool PrepareOutputFolder(CommandContext& ctx, const std::string& output, bool ma
 }
 
 std::string Usage() {
-  return "convert --from ENCODING --to ENCODING [FILE...] [-o|--output OUT] [--legacy-text] [-q] [--list] "
+  return "convert --from ENCODING --to ENCODING [FILE...|FOLDER...] [-o|--output OUT] [--pattern GLOBS] "
+         "[--legacy-text] [-q] [--list] "
          "[--parents] [--unmappable stop|skip|replace|keep] [--replacement CHAR] [--decorative-quotes] [--plain-ra] "
          "[--keep-vowel-sign-glyphs] [--legacy-font NAME]... [--unicode-font NAME] [--font NAME] [--help]";
 }
+
+constexpr const char* kBatchHelp =
+    "Several documents or folders of them (searched with their sub-folders):\n"
+    "  -o names an output folder, which mirrors where each file came from; the inputs are never\n"
+    "  touched. --pattern '*.docx,*.odt' chooses the files of the folders (default\n"
+    "  *.odt,*.docx,*.doc,*.rtf,*.txt). The word processor starts once for the whole batch; a file\n"
+    "  that fails is named with its reason, the rest go on, and a summary ends the run.\n";
 
 constexpr const char* kTextHelp =
     "Plain text:\n"
@@ -668,19 +678,187 @@ constexpr const char* kFontHelp =
 
 bool HasFontOptions(const Options& options) { return !options.legacyFonts.empty() || !options.unicodeFont.empty(); }
 
+// ---- Whole folders -------------------------------------------------------------------------
+//
+// Several documents, or folders of them, are converted in one run into an output folder that
+// mirrors where each came from; the inputs are never touched. The word processor is started once
+// for the whole batch. A file that fails is named with its reason and the batch goes on; a
+// summary ends the run, which exits 1 when any file failed (3 when some were written with
+// warnings). Files are converted one after another: the word processor works on one document
+// at a time, and plain text is fast enough alone.
+
+constexpr const char* kDefaultPatterns = "*.odt,*.docx,*.doc,*.rtf,*.txt";
+
+// "*" and "?" as a shell matches a file name, without regard to ASCII case (Windows names).
+bool MatchesGlob(std::string_view name, std::string_view pattern) {
+  if (pattern.empty()) return name.empty();
+  if (pattern[0] == '*') {
+    for (std::size_t skip = 0; skip <= name.size(); ++skip) {
+      if (MatchesGlob(name.substr(skip), pattern.substr(1))) return true;
+    }
+    return false;
+  }
+  if (name.empty()) return false;
+  const bool same = pattern[0] == '?' || std::tolower(static_cast<unsigned char>(pattern[0])) ==
+                                             std::tolower(static_cast<unsigned char>(name[0]));
+  return same && MatchesGlob(name.substr(1), pattern.substr(1));
+}
+
+bool MatchesAny(const std::string& name, const std::string& patterns) {
+  std::size_t start = 0;
+  while (start <= patterns.size()) {
+    const std::size_t end = std::min(patterns.find(',', start), patterns.size());
+    if (MatchesGlob(name, patterns.substr(start, end - start))) return true;
+    start = end + 1;
+  }
+  return false;
+}
+
+struct BatchFile {
+  std::filesystem::path input;
+  std::filesystem::path relative;  // where it goes below the output folder
+};
+
+std::vector<BatchFile> CollectBatch(const std::vector<std::string>& inputs, const std::string& patterns) {
+  std::vector<BatchFile> files;
+  for (const std::string& input : inputs) {
+    const std::filesystem::path path = std::filesystem::u8path(input);
+    std::error_code ec;
+    if (!std::filesystem::is_directory(path, ec)) {
+      files.push_back({path, path.filename()});
+      continue;
+    }
+    std::vector<BatchFile> found;
+    for (std::filesystem::recursive_directory_iterator it(path, ec), end; !ec && it != end; it.increment(ec)) {
+      if (it->is_regular_file(ec) && MatchesAny(it->path().filename().string(), patterns)) {
+        found.push_back({it->path(), std::filesystem::relative(it->path(), path, ec)});
+      }
+    }
+    std::sort(found.begin(), found.end(), [](const BatchFile& a, const BatchFile& b) { return a.input < b.input; });
+    files.insert(files.end(), found.begin(), found.end());
+  }
+  return files;
+}
+
+bool IsDocumentFile(const std::filesystem::path& file) {
+  const std::string extension = DocumentExtension(file);
+  return IsDocumentExtension(extension) || FindDocumentBackend(extension) != nullptr;
+}
+
+bool IsBatch(const std::vector<std::string>& inputs) {
+  int documents = 0;
+  for (const std::string& input : inputs) {
+    std::error_code ec;
+    if (std::filesystem::is_directory(std::filesystem::u8path(input), ec)) return true;
+    documents += IsDocumentFile(std::filesystem::u8path(input)) ? 1 : 0;
+  }
+  return documents > 0 && inputs.size() > 1;
+}
+
+// One file of the batch, with what it said kept for the batch's own report.
+int ConvertBatchFile(CommandContext& ctx, const EncodingList& list, Options options, const BatchFile& file,
+                     const std::filesystem::path& output, std::string& said) {
+  std::ostringstream captured;
+  CommandContext quiet{ctx.args, ctx.in, ctx.out, captured, ctx.dataRoot, false};
+  quiet.replaceInvalid = ctx.replaceInvalid;
+  options.document = IsDocumentFile(file.input);
+  std::error_code ec;
+  std::filesystem::create_directories(output.parent_path(), ec);
+  int status = kExitFailed;
+  if (!options.document) {
+    status = ConvertPlainText(quiet, list, options, {file.input.string()}, output.string());
+  } else if (const std::string problem = DocumentFontsProblem(options, LoadDefaultFonts(ConverterFolder(ctx)));
+             !problem.empty()) {
+    captured << "quilom convert: " << problem << "\n";
+  } else {
+    status = ConvertDocument(quiet, list, options, file.input.string(), output.string());
+  }
+  said = captured.str();
+  return status;
+}
+
+std::string Clock(std::chrono::seconds seconds) {
+  char buffer[32];
+  std::snprintf(buffer, sizeof buffer, "%lld:%02lld", static_cast<long long>(seconds.count() / 60),
+                static_cast<long long>(seconds.count() % 60));
+  return buffer;
+}
+
+std::string FirstLine(const std::string& text) {
+  std::string line = text.substr(0, text.find('\n'));
+  const std::string prefix = "quilom convert: ";
+  return line.starts_with(prefix) ? line.substr(prefix.size()) : line;
+}
+
+int ConvertBatch(CommandContext& ctx, const EncodingList& list, const Options& options,
+                 const std::vector<std::string>& inputs, const std::string& outputFolder, const std::string& patterns) {
+  if (outputFolder.empty() || outputFolder == "-") {
+    ctx.err << "quilom convert: several documents or a folder need an output folder: -o FOLDER\n";
+    return kExitUsage;
+  }
+  const std::filesystem::path out = std::filesystem::u8path(outputFolder);
+  std::error_code ec;
+  if (!std::filesystem::is_directory(out, ec)) {
+    ctx.err << "quilom convert: the output folder '" << outputFolder << "' does not exist (--parents makes it)\n";
+    return kExitUsage;
+  }
+  const std::vector<BatchFile> files = CollectBatch(inputs, patterns);
+  if (files.empty()) {
+    ctx.err << "quilom convert: no file matches " << patterns << " in the folders given\n";
+    return kExitFailed;
+  }
+  std::vector<std::shared_ptr<void>> keepRunning;  // the word processor, started once for all
+  if (const auto backend = FindDocumentBackend(".odt")) keepRunning.push_back(backend->KeepRunning());
+
+  const auto started = std::chrono::steady_clock::now();
+  ProgressBar bar(ctx, "converting");
+  int failed = 0, warned = 0;
+  for (std::size_t i = 0; i < files.size(); ++i) {
+    const std::filesystem::path output = out / files[i].relative;
+    std::string said;
+    int status = kExitFailed;
+    if (std::filesystem::equivalent(files[i].input, output, ec)) {
+      said = "the output would be the input itself";
+    } else {
+      status = ConvertBatchFile(ctx, list, options, files[i], output, said);
+    }
+    // On a terminal the line goes over the bar, which is drawn again below it.
+    const std::string lineStart = ctx.errIsTerminal ? "\r\x1b[K" : "";
+    if (status == kExitFailed || status == kExitUsage) {
+      ++failed;
+      ctx.err << lineStart << "quilom convert: FAILED " << files[i].input.string() << ": " << FirstLine(said) << "\n";
+    } else if (status == kExitLeftOvers && !ctx.quiet) {
+      ++warned;
+      ctx.err << lineStart << "quilom convert: " << files[i].input.string() << ": " << FirstLine(said) << "\n";
+    }
+    const auto elapsed = std::chrono::duration_cast<std::chrono::seconds>(std::chrono::steady_clock::now() - started);
+    const auto left = elapsed * static_cast<long>(files.size() - i - 1) / static_cast<long>(i + 1);
+    bar.Update(static_cast<int>((i + 1) * 100 / files.size()),
+               std::to_string(i + 1) + "/" + std::to_string(files.size()) + " files, " + std::to_string(failed) +
+                   " failed, " + Clock(left) + " left");
+  }
+  bar.Finish();
+  const auto took = std::chrono::duration_cast<std::chrono::seconds>(std::chrono::steady_clock::now() - started);
+  ctx.err << "quilom convert: " << files.size() - failed << " of " << files.size() << " files converted into "
+          << outputFolder << " in " << Clock(took) << (failed ? ", " + std::to_string(failed) + " failed" : "")
+          << (warned ? ", " + std::to_string(warned) + " with warnings" : "") << "\n";
+  return failed ? kExitFailed : warned ? kExitLeftOvers : kExitDone;
+}
+
 int RunConvert(CommandContext& ctx) {
   std::vector<std::u16string> legacyFonts;
   const std::optional<std::vector<std::string>> words = TakeLegacyFonts(ctx, legacyFonts);
   if (!words) {
     return kExitUsage;
   }
-  const ParsedArgs parsed =
-      ParseArgs(*words, {"--from", "--to", "--output", "--font", "--unicode-font", "--unmappable", "--replacement"},
-                {"--decorative-quotes", "--plain-ra", "--keep-vowel-sign-glyphs", "--legacy-text", "--list",
-                 "--parents", "--help"});
+  const ParsedArgs parsed = ParseArgs(
+      *words, {"--from", "--to", "--output", "--font", "--unicode-font", "--unmappable", "--replacement", "--pattern"},
+      {"--decorative-quotes", "--plain-ra", "--keep-vowel-sign-glyphs", "--legacy-text", "--list", "--parents",
+       "--help"});
   if (parsed.flags.count("--help")) {
     ctx.out << "quilom " << Usage() << "\n\n"
             << kTextHelp << "\n"
+            << kBatchHelp << "\n"
             << kUnmappableHelp << "\n"
             << kFontHelp << "\n"
             << kExitCodeHelp;
@@ -708,6 +886,15 @@ int RunConvert(CommandContext& ctx) {
   const std::vector<std::string> inputs = parsed.positional.empty() ? std::vector<std::string>{""} : parsed.positional;
   const std::string& input = inputs.front();
   const std::string output = parsed.values.count("--output") ? parsed.values.at("--output") : "";
+  if (IsBatch(inputs)) {
+    if (parsed.flags.count("--parents") && !output.empty()) {
+      std::error_code ec;
+      std::filesystem::create_directories(std::filesystem::u8path(output), ec);
+    }
+    const auto pattern = parsed.values.find("--pattern");
+    return ConvertBatch(ctx, list, *options, inputs, output,
+                        pattern == parsed.values.end() ? kDefaultPatterns : pattern->second);
+  }
   if (RefuseOutputOverInput(ctx, output, inputs, kName) ||
       !PrepareOutputFolder(ctx, output, parsed.flags.count("--parents") > 0)) {
     return kExitUsage;

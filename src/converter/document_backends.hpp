@@ -40,6 +40,10 @@ class DocumentBackend {
   virtual bool IsAvailable(std::string& why) = 0;
   // Loads `input`. On failure returns null with a message for the user in `error` (UTF-8).
   virtual std::unique_ptr<DocumentSession> Open(const std::filesystem::path& input, std::string& error) = 0;
+  // Keeps the program the backend drives running for as long as the handle is held, so that
+  // a batch of documents starts it once rather than once per document. Null when there is
+  // nothing to keep (or it could not start: the first Open says why).
+  virtual std::shared_ptr<void> KeepRunning() { return nullptr; }
 };
 
 // Adds a backend. A later registration for an extension wins over an earlier one. Safe to

@@ -338,6 +338,37 @@ TEST_F(ConvertDocumentFonts, RefusesNonDocumentsAndMissingFoldersBeforeAnyWork) 
   EXPECT_TRUE(std::filesystem::is_directory(folder_ / "no" / "such"));
 }
 
+// A folder of documents (and text) converts in one run into a folder that mirrors it; a file
+// that fails is named and the rest go on; the run ends with a summary and says if any failed.
+TEST_F(ConvertDocumentFonts, FoldersConvertIntoAMirroredFolderWithOneLinePerFailure) {
+  const auto in = folder_ / "in";
+  std::filesystem::create_directories(in / "old" / "letters");
+  testing::WriteBytes(in / "a.qrec", "{\\rtf1 }");
+  testing::WriteBytes(in / "old" / "letters" / "b.qrec", "{\\rtf1 }");
+  testing::WriteBytes(in / "old" / "broken.qrec", "\x89PNG");
+  testing::WriteBytes(in / "old" / "notes.txt", "fh");
+  testing::WriteBytes(in / "old" / "photo.jpg", "\xFF\xD8");
+  const auto out = folder_ / "out";
+  const CommandRun missing =
+      Convert({"--from", "Bamini", "--to", "Unicode", in.string(), "-o", out.string(), "--pattern", "*.qrec,*.txt"});
+  EXPECT_EQ(missing.status, 2);
+  EXPECT_NE(missing.err.find("does not exist (--parents makes it)"), std::string::npos) << missing.err;
+
+  const CommandRun run = Convert({"--from", "Bamini", "--to", "Unicode", in.string(), "-o", out.string(), "--parents",
+                                  "--pattern", "*.qrec,*.txt"});
+  EXPECT_EQ(run.status, 1) << run.err;
+  EXPECT_TRUE(std::filesystem::exists(out / "a.qrec"));
+  EXPECT_TRUE(std::filesystem::exists(out / "old" / "letters" / "b.qrec"));
+  EXPECT_FALSE(std::filesystem::exists(out / "old" / "broken.qrec"));
+  EXPECT_FALSE(std::filesystem::exists(out / "old" / "photo.jpg"));
+  EXPECT_EQ(testing::ReadBytes(out / "old" / "notes.txt"), "கா");
+  EXPECT_EQ(testing::ReadBytes(in / "old" / "notes.txt"), "fh");
+  EXPECT_NE(run.err.find("FAILED " + (in / "old" / "broken.qrec").string() + ": cannot open"), std::string::npos)
+      << run.err;
+  EXPECT_NE(run.err.find("3 of 4 files converted into " + out.string()), std::string::npos) << run.err;
+  EXPECT_NE(run.err.find(", 1 failed"), std::string::npos) << run.err;
+}
+
 TEST_F(ConvertDocumentFonts, FindsOnlyTheLegacyFontsAndGivesTheChosenUnicodeFont) {
   using Fonts = std::vector<std::u16string>;
   struct Case {

@@ -24,6 +24,10 @@ class LibreOfficeBackend final : public DocumentBackend {
   std::vector<std::string> Extensions() const override { return {".odt", ".docx", ".doc", ".rtf"}; }
   bool IsAvailable(std::string& why) override;
   std::unique_ptr<DocumentSession> Open(const std::filesystem::path& input, std::string& error) override;
+  std::shared_ptr<void> KeepRunning() override {
+    std::string error;
+    return Connection(error);
+  }
 
  private:
   std::shared_ptr<OfficeConnection> Connection(std::string& error);
