@@ -2,12 +2,16 @@
 // After windows.h, which it builds on.
 #include <shellapi.h>
 
+#include <system_error>
+
 #include "controls/win32/wide_text.hpp"
 #include "settings/error_report.hpp"
 #include "shell/first_run_guide.hpp"
+#include "shell/help_fallback.hpp"
 #include "shell/hotkey_check.hpp"
 #include "shell/hotkey_text.hpp"
 #include "shell/offered_keymaps.hpp"
+#include "shell/win32/help_text_window.hpp"
 #include "shell/win32/hotkey_registration.hpp"
 #include "shell/win32/main_menu.hpp"
 #include "shell/win32/window_messages.hpp"
@@ -145,8 +149,17 @@ void BelovedOska::OpenHelpFile(int command) {
   if (!file) return;
   const auto result = reinterpret_cast<INT_PTR>(
       ShellExecuteW(window_, L"open", file->wstring().c_str(), nullptr, nullptr, SW_SHOWNORMAL));
-  if (result <= 32)
-    ReportError(u"DT-help", {static_cast<long>(result), u"ShellExecuteW", controls::FromWide(file->wstring())});
+  std::error_code error;
+  switch (HelpOpeningFor(result, std::filesystem::is_regular_file(*file, error))) {
+    case HelpOpening::Opened:
+      break;
+    case HelpOpening::ShowInside:
+      ShowHelpTextWindow(window_, *file);
+      break;
+    case HelpOpening::Missing:
+      ReportError(u"DT-help", {static_cast<long>(result), u"ShellExecuteW", controls::FromWide(file->wstring())});
+      break;
+  }
 }
 
 void BelovedOska::ShowAbout() {
