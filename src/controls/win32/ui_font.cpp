@@ -1,5 +1,6 @@
 #include "controls/win32/ui_font.hpp"
 
+#include <algorithm>
 #include <iterator>
 #include <string>
 
@@ -14,7 +15,42 @@ int CALLBACK NoteFound(const LOGFONTW*, const TEXTMETRICW*, DWORD, LPARAM found)
   return 0;
 }
 
+int CALLBACK NoteFace(const LOGFONTW* font, const TEXTMETRICW*, DWORD, LPARAM faces) {
+  const std::wstring_view name = font->lfFaceName;
+  reinterpret_cast<std::vector<std::u16string>*>(faces)->emplace_back(name.begin(), name.end());
+  return 1;
+}
+
 }  // namespace
+
+std::vector<std::u16string> InstalledFaces() {
+  LOGFONTW query{};
+  query.lfCharSet = DEFAULT_CHARSET;
+  std::vector<std::u16string> faces;
+  HDC screen = GetDC(nullptr);
+  EnumFontFamiliesExW(screen, &query, NoteFace, reinterpret_cast<LPARAM>(&faces), 0);
+  ReleaseDC(nullptr, screen);
+  return faces;
+}
+
+bool FaceDrawsAll(std::wstring_view face, std::wstring_view letters) {
+  if (letters.empty()) return true;
+  const UiFont font(face, 12);
+  HDC screen = GetDC(nullptr);
+  HGDIOBJ previous = SelectObject(screen, font.Handle());
+  wchar_t had[LF_FACESIZE] = {};
+  GetTextFaceW(screen, LF_FACESIZE, had);
+  std::vector<WORD> glyphs(letters.size(), 0xFFFF);
+  const std::wstring text(letters);
+  // The system substitutes another face for one it cannot have; that face's glyphs are not this one's.
+  const bool drawn = std::wstring_view(had) == face &&
+                     GetGlyphIndicesW(screen, text.c_str(), static_cast<int>(text.size()), glyphs.data(),
+                                      GGI_MARK_NONEXISTING_GLYPHS) == static_cast<DWORD>(text.size()) &&
+                     std::find(glyphs.begin(), glyphs.end(), WORD{0xFFFF}) == glyphs.end();
+  SelectObject(screen, previous);
+  ReleaseDC(nullptr, screen);
+  return drawn;
+}
 
 bool FaceInstalled(std::wstring_view face) {
   LOGFONTW query{};

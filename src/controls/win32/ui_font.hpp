@@ -5,6 +5,7 @@
 #include <initializer_list>
 #include <string>
 #include <string_view>
+#include <vector>
 
 // A font owned for the life of a window, released when the owner goes.
 namespace quilom::controls {
@@ -25,6 +26,12 @@ bool DrawsTamilAndLatin(std::wstring_view face);
 // The first installed of TamilFace's faces that draws Latin letters too; failing that, the first
 // installed one (the system's font linking then has to supply the Latin letters), else the best.
 std::wstring TamilAndLatinFace();
+
+// Every installed font family, as the system lists them.
+std::vector<std::u16string> InstalledFaces();
+
+// Whether the face has a glyph of its own for every one of `letters`.
+bool FaceDrawsAll(std::wstring_view face, std::wstring_view letters);
 
 // The system's own fonts, as the user set them.
 enum class SystemFont {

@@ -2,6 +2,13 @@
 
 #include <array>
 #include <cstdint>
+#include <functional>
+#include <map>
+#include <string>
+
+#include "controls/win32/ui_font.hpp"
+#include "controls/win32/wide_text.hpp"
+#include "shell/script_faces.hpp"
 
 namespace quilom::shell::win32 {
 
@@ -66,7 +73,7 @@ void DrawLetters(HDC dc, std::wstring_view letters, COLORREF background, int siz
   FillRect(dc, &square, brush);
   DeleteObject(brush);
   HFONT font = CreateFontW(-size * 3 / 4, 0, 0, 0, FW_BOLD, FALSE, FALSE, FALSE, DEFAULT_CHARSET, OUT_DEFAULT_PRECIS,
-                           CLIP_DEFAULT_PRECIS, ANTIALIASED_QUALITY, DEFAULT_PITCH, L"Nirmala UI");
+                           CLIP_DEFAULT_PRECIS, ANTIALIASED_QUALITY, DEFAULT_PITCH, LetterFace(letters).c_str());
   HGDIOBJ oldFont = SelectObject(dc, font);
   SetBkMode(dc, TRANSPARENT);
   SetTextColor(dc, RGB(255, 255, 255));
@@ -77,6 +84,25 @@ void DrawLetters(HDC dc, std::wstring_view letters, COLORREF background, int siz
 }
 
 }  // namespace
+
+// Looked up once per letter: listing every font and probing glyphs is too slow for each icon.
+const std::wstring& LetterFace(std::wstring_view letters) {
+  static std::map<std::wstring, std::wstring, std::less<>> chosen;
+  const auto known = chosen.find(letters);
+  if (known != chosen.end()) return known->second;
+  std::wstring face;
+  if (!letters.empty()) {
+    for (const std::u16string& candidate : FaceCandidates(letters.front(), controls::InstalledFaces())) {
+      const std::wstring wide = controls::ToWide(candidate);
+      if (controls::FaceDrawsAll(wide, letters)) {
+        face = wide;
+        break;
+      }
+    }
+  }
+  if (face.empty()) face = controls::TamilFace();
+  return chosen.emplace(std::wstring(letters), face).first->second;
+}
 
 HICON DrawLetterIcon(std::wstring_view letters, COLORREF background, int size) {
   DrawSurface surface(size);
