@@ -38,7 +38,9 @@
 #include "converter/converter_lists.hpp"
 #include "converter/document_backends.hpp"
 #include "converter/document_signature.hpp"
+#include "converter/encoding_detector.hpp"
 #include "converter/encoding_list.hpp"
+#include "converter/font_encodings.hpp"
 #include "converter/legacy_bytes.hpp"
 #include "converter/plain_text_editor.hpp"
 #include "converter/plain_text_stream.hpp"
@@ -66,6 +68,10 @@ class NoQuestionsPrompter final : public Prompter {
   PromptAnswer AskYesNo(std::u16string_view, bool) override { return PromptAnswer::Yes; }
   void Inform(std::u16string_view) override {}
 };
+
+// --from auto: each legacy font of a document is converted by the encoding its name (or its
+// text) tells.
+constexpr int kAutoFrom = -1;
 
 struct Options {
   int from = 0;
@@ -158,6 +164,9 @@ StepFonts DocumentFonts(const Options& options, int from, int to, bool secondOfT
 
 // Why the fonts of a document run cannot be chosen, or "".
 std::string DocumentFontsProblem(const Options& options, const std::vector<std::u16string>& defaults) {
+  if (options.from == kAutoFrom) {
+    return "";  // each font is its own
+  }
   const auto defaultOf = [&defaults](int position) {
     return static_cast<std::size_t>(position) < defaults.size() ? defaults[static_cast<std::size_t>(position)] : u"";
   };
@@ -520,6 +529,67 @@ int ConvertPlainText(CommandContext& ctx, const EncodingList& list, const Option
   return findings.count > 0 || ctx.warned ? kExitLeftOvers : kExitDone;
 }
 
+constexpr double kSettledConfidence = 0.6;
+
+// The encoding of one font of the document, and how it was told; nothing when its text is not
+// legacy Tamil.
+struct FontDecision {
+  std::optional<int> position;
+  std::string how;
+};
+
+FontDecision DecideFont(const FontUse& font, const std::vector<std::u16string>& patterns,
+                        const std::optional<EncodingDetector>& detector, const EncodingList& list) {
+  if (const std::optional<int> named = EncodingOfFont(font.name, patterns)) {
+    return {named, text::Utf16ToUtf8(list.names[static_cast<std::size_t>(*named)]) + ", by its name"};
+  }
+  if (std::any_of(font.sample.begin(), font.sample.end(), [](char16_t c) { return c >= 0x0B80 && c <= 0x0BFF; })) {
+    return {std::nullopt, "left as it is: its text is Unicode Tamil already"};
+  }
+  std::size_t unencodable = 0;
+  const Detection detection = detector->Detect(TextToLegacyBytes(font.sample, unencodable));
+  if (detection.kind != TextKind::LegacyTamil || detection.guesses.empty() ||
+      !ReadsAsTamil(detection.guesses.front())) {
+    return {std::nullopt, "left as it is: its text reads as " + std::string(DescribeTextKind(detection.kind))};
+  }
+  // A guess is taken only when the text settles it: a short text often reads alike in two
+  // encodings that differ elsewhere, and a wrong guess spoils every word of that font.
+  const EncodingGuess& best = detection.guesses.front();
+  char confidence[16];
+  std::snprintf(confidence, sizeof confidence, "%.0f%%", best.familyConfidence * 100);
+  if (best.familyConfidence < kSettledConfidence) {
+    return {std::nullopt, "left as it is: its text could be " + text::Utf16ToUtf8(FamilyName(best)) + " (" +
+                              confidence + ") or another encoding; name it with --from ENCODING --legacy-font '" +
+                              text::Utf16ToUtf8(font.name) + "'"};
+  }
+  return {best.position, text::Utf16ToUtf8(best.name) + ", as its text reads (" + confidence + ")"};
+}
+
+// --from auto: every font the document's text is in, converted by its own encoding, each step
+// told on standard error as a report of the fonts met.
+bool RunFontByFont(CommandContext& ctx, const EncodingList& list, const Options& options, DocumentSession& session) {
+  const std::vector<FontUse> fonts = session.Fonts();
+  if (fonts.empty()) {
+    ctx.err << "quilom convert: --from auto needs to know the document's fonts, which this backend cannot tell\n";
+    return false;
+  }
+  const std::vector<std::u16string> patterns =
+      text::Split(settings::ReadTextFile(ConverterFolder(ctx) / std::u16string(kSearchPatternsFile)), text::kCrLf);
+  const std::optional<EncodingDetector> detector = EncodingDetector::Load(ConverterFolder(ctx));
+  for (const FontUse& font : fonts) {
+    const FontDecision decision = DecideFont(font, patterns, detector, list);
+    if (!ctx.quiet)
+      ctx.err << "quilom convert: font '" << text::Utf16ToUtf8(font.name) << "': " << decision.how << "\n";
+    if (!decision.position) continue;
+    Options step = options;
+    step.from = *decision.position;
+    step.fromName = list.names[static_cast<std::size_t>(step.from)];
+    step.legacyFonts = {font.name};
+    if (!RunSteps(ctx, list, step, session.Editor(), nullptr)) return false;
+  }
+  return true;
+}
+
 int ConvertDocument(CommandContext& ctx, const EncodingList& list, const Options& options, const std::string& input,
                     const std::string& output) {
   const std::filesystem::path inputPath = std::filesystem::u8path(input);
@@ -545,12 +615,16 @@ int ConvertDocument(CommandContext& ctx, const EncodingList& list, const Options
     ctx.err << "quilom convert: cannot open '" << input << "': " << error << "\n";
     return kExitFailed;
   }
-  ProgressBar bar(ctx, "converting");
-  RunProgress progress(bar, static_cast<int>(Steps(options).size()));
-  if (!RunSteps(ctx, list, options, session->Editor(), &progress)) {
-    return kExitFailed;
+  if (options.from == kAutoFrom) {
+    if (!RunFontByFont(ctx, list, options, *session)) return kExitFailed;
+  } else {
+    ProgressBar bar(ctx, "converting");
+    RunProgress progress(bar, static_cast<int>(Steps(options).size()));
+    if (!RunSteps(ctx, list, options, session->Editor(), &progress)) {
+      return kExitFailed;
+    }
+    bar.Finish();
   }
-  bar.Finish();
   if (!session->SaveAs(outputPath, error)) {
     ctx.err << "quilom convert: cannot save '" << output << "': " << error << "\n";
     return kExitFailed;
@@ -602,6 +676,11 @@ std::optional<Options> ReadOptions(CommandContext& ctx, const ParsedArgs& parsed
       ctx.err << "quilom convert: " << option
               << " ENCODING is required; known encodings: " << text::Utf16ToUtf8(list.Joined()) << "\n";
       return false;
+    }
+    if (std::string_view(option) == "--from" && text::AsciiLower(text::Utf8ToUtf16(given->second)) == u"auto") {
+      position = kAutoFrom;
+      name = u"auto";
+      return true;
     }
     const std::optional<int> found = list.Position(text::Utf8ToUtf16(given->second));
     if (!found) {
@@ -673,6 +752,9 @@ constexpr const char* kFontHelp =
     "    (or --font), else the default Unicode font.\n"
     "  Unicode to legacy: text in --unicode-font is converted, else text in any font; converted text\n"
     "    gets --legacy-font (once), else the target encoding's default font.\n"
+    "  --from auto (documents to Unicode): each font the text is in is converted by the encoding its\n"
+    "    name tells (TSCu_ fonts are TSCII, TAMu_ fonts TAM...), else by what its text reads as when\n"
+    "    that is settled; each font met is reported with how it was treated.\n"
     "  legacy to legacy: --legacy-font names the source fonts as above; the text goes through\n"
     "    --unicode-font (or the default Unicode font) and gets the target encoding's default font.\n";
 
@@ -765,7 +847,9 @@ int ConvertBatchFile(CommandContext& ctx, const EncodingList& list, Options opti
   std::error_code ec;
   std::filesystem::create_directories(output.parent_path(), ec);
   int status = kExitFailed;
-  if (!options.document) {
+  if (!options.document && options.from == kAutoFrom) {
+    captured << "quilom convert: --from auto converts documents only (their fonts tell the encodings)\n";
+  } else if (!options.document) {
     status = ConvertPlainText(quiet, list, options, {file.input.string()}, output.string());
   } else if (const std::string problem = DocumentFontsProblem(options, LoadDefaultFonts(ConverterFolder(ctx)));
              !problem.empty()) {
@@ -901,6 +985,11 @@ int RunConvert(CommandContext& ctx) {
   }
   const std::string extension = input.empty() ? "" : DocumentExtension(std::filesystem::u8path(input));
   options->document = IsDocumentExtension(extension) || FindDocumentBackend(extension) != nullptr;
+  if (options->from == kAutoFrom && (!options->document || options->to != 0)) {
+    ctx.err << "quilom convert: --from auto is for documents converted to Unicode: their fonts tell the encodings "
+               "(for plain text, quilom detect names it)\n";
+    return kExitUsage;
+  }
   if (!options->document) {
     if (HasFontOptions(*options) && !ctx.quiet) {
       ctx.err << "quilom convert: note: plain text has no fonts; --legacy-font, --unicode-font and --font "

@@ -14,11 +14,20 @@
 // registry by the input file's extension and never knows the backends by name.
 namespace quilom::converter {
 
+// A font a document's text is set in, with some of that text to tell its encoding by.
+struct FontUse {
+  std::u16string name;
+  std::u16string sample;  // the first characters set in it
+};
+
 // One document opened by a backend. The destructor closes the document without saving and
 // releases whatever the backend holds for it; it never throws.
 class DocumentSession {
  public:
   virtual ~DocumentSession() = default;
+  // The fonts of the document's text, in the order first met; empty when the backend cannot
+  // tell.
+  virtual std::vector<FontUse> Fonts() { return {}; }
   // The editor over the open document, valid for the session's life. A conversion run over it
   // edits the loaded copy only; the input file on disk is never written.
   virtual DocumentEditor& Editor() = 0;

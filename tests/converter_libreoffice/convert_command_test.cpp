@@ -6,6 +6,7 @@
 #include "cli/command.hpp"
 #include "converter/libreoffice/office_connection.hpp"
 #include "support/temp_folder.hpp"
+#include "text/utf.hpp"
 #include "writer_fixture.hpp"
 
 namespace quilom::testing::lo {
@@ -54,6 +55,38 @@ TEST(QuilomConvert, ConvertsADocumentOfTheWebView) {
   const auto paragraphs = ReadDocument(folder / "web-out.odt");
   ASSERT_EQ(paragraphs.size(), 1u);
   EXPECT_EQ(TextOf(paragraphs[0]), u"தமிழ்");
+}
+
+// --from auto: a document in TSCII and TAM fonts converts in one go, each font by its own
+// encoding, and English in another font stays.
+TEST(QuilomConvert, EachFontIsConvertedByTheEncodingItsNameTells) {
+  ASSERT_NE(Office(), nullptr);
+  TempFolder folder;
+  const auto legacy = [](const char* encoding, const std::string& unicode) {
+    std::istringstream in(unicode);
+    std::ostringstream out, err;
+    cli::RunQuilom(
+        {"--data", SourceDataRoot().string(), "convert", "--from", "Unicode", "--to", encoding, "--legacy-text"}, in,
+        out, err, ".", false);
+    return text::Utf8ToUtf16(out.str());
+  };
+  WriteDocument(folder / "mixed.docx",
+                {{{legacy("Tscii", "தமிழ்"), u"TSCu_Paranar", true}, {u" English", u"Liberation Serif"}},
+                 {{legacy("Tam", "பொங்கல்"), u"TAMu_Kalyani"}}});
+  std::istringstream in;
+  std::ostringstream out, err;
+  const int status =
+      cli::RunQuilom({"--data", SourceDataRoot().string(), "convert", "--from", "auto", "--to", "Unicode",
+                      (folder / "mixed.docx").string(), "-o", (folder / "mixed.odt").string()},
+                     in, out, err, folder.path(), false);
+  ASSERT_EQ(status, 0) << err.str();
+  EXPECT_NE(err.str().find("font 'TSCu_Paranar': Tscii, by its name"), std::string::npos) << err.str();
+  EXPECT_NE(err.str().find("font 'TAMu_Kalyani': Tam, by its name"), std::string::npos) << err.str();
+  const auto paragraphs = ReadDocument(folder / "mixed.odt");
+  ASSERT_EQ(paragraphs.size(), 2u);
+  EXPECT_EQ(TextOf(paragraphs[0]), u"தமிழ் English");
+  EXPECT_TRUE(paragraphs[0][0].bold);
+  EXPECT_EQ(TextOf(paragraphs[1]), u"பொங்கல்");
 }
 
 // A program that never accepts a connection is given up on after the time-out, and stopped.

@@ -1,5 +1,6 @@
 #include "converter/libreoffice/font_census.hpp"
 
+#include <algorithm>
 #include <com/sun/star/beans/XPropertySet.hpp>
 #include <com/sun/star/beans/XPropertyState.hpp>
 #include <com/sun/star/container/XEnumeration.hpp>
@@ -46,6 +47,24 @@ int MakeInheritedFontDirect(const Reference<css::frame::XModel>& document, const
     }
   });
   return changed;
+}
+
+std::vector<FontUse> FontsOfText(const Reference<css::frame::XModel>& document) {
+  constexpr std::size_t kSample = 4000;
+  std::vector<FontUse> fonts;
+  ForEachTextPortion(document, [&](const Reference<css::beans::XPropertySet>& portion) {
+    const Reference<css::text::XTextRange> range(portion, UNO_QUERY);
+    if (!range.is()) return;
+    const std::u16string text = ToU16(range->getString());
+    if (text.find_first_not_of(u" \t") == std::u16string::npos) return;
+    rtl::OUString font;
+    portion->getPropertyValue(ToOUString(FontPropertyFor(text))) >>= font;
+    const std::u16string name = ToU16(font);
+    auto use = std::find_if(fonts.begin(), fonts.end(), [&](const FontUse& f) { return f.name == name; });
+    if (use == fonts.end()) use = fonts.insert(fonts.end(), FontUse{name, {}});
+    if (use->sample.size() < kSample) use->sample += text + u" ";
+  });
+  return fonts;
 }
 
 FontCensus TakeFontCensus(const Reference<css::frame::XModel>& document, const std::u16string& fontProperty,

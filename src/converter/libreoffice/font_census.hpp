@@ -3,6 +3,9 @@
 #include <com/sun/star/frame/XModel.hpp>
 #include <set>
 #include <string>
+#include <vector>
+
+#include "converter/document_backends.hpp"
 
 // Writer's font-restricted replace-all misses occurrences once a paragraph holds runs of the
 // find font that differ in other formatting (bold next to plain) and replacements have split
@@ -32,5 +35,10 @@ FontCensus TakeFontCensus(const com::sun::star::uno::Reference<com::sun::star::f
 // number of runs changed. Throws UNO exceptions.
 int MakeInheritedFontDirect(const com::sun::star::uno::Reference<com::sun::star::frame::XModel>& document,
                             const std::u16string& fontProperty, const std::u16string& fontName);
+
+// The fonts the document's text is shown in (a run holding Tamil letters by its complex-script
+// font, any other by its Western one), in the order first met, each with the first characters
+// set in it. Throws UNO exceptions.
+std::vector<FontUse> FontsOfText(const com::sun::star::uno::Reference<com::sun::star::frame::XModel>& document);
 
 }  // namespace quilom::converter::libreoffice

@@ -1,11 +1,11 @@
 #include "converter/libreoffice/libreoffice_backend.hpp"
 
+#include <com/sun/star/frame/XModel.hpp>
+#include <com/sun/star/lang/XServiceInfo.hpp>
 #include <cstdlib>
 #include <system_error>
 
-#include <com/sun/star/frame/XModel.hpp>
-#include <com/sun/star/lang/XServiceInfo.hpp>
-
+#include "converter/libreoffice/font_census.hpp"
 #include "converter/libreoffice/uno_names.hpp"
 #include "converter/libreoffice/uno_text.hpp"
 #include "converter/libreoffice/writer_document.hpp"
@@ -42,6 +42,14 @@ class LibreOfficeSession final : public DocumentSession {
   }
 
   DocumentEditor& Editor() override { return *editor_; }
+
+  std::vector<FontUse> Fonts() override {
+    try {
+      return FontsOfText(document_);
+    } catch (const css::uno::Exception&) {
+      return {};
+    }
+  }
 
   bool SaveAs(const std::filesystem::path& output, std::string& error) override {
     if (SameFile(input_, output)) {
@@ -84,9 +92,9 @@ std::shared_ptr<OfficeConnection> LibreOfficeBackend::Connection(std::string& er
   std::lock_guard lock(mutex_);
   if (std::shared_ptr<OfficeConnection> running = connection_.lock()) return running;
   const std::string pipe = AttachPipe();
-  std::shared_ptr<OfficeConnection> office =
-      pipe.empty() ? OfficeConnection::StartPrivate(OfficeStartTimeout(), error)
-                   : OfficeConnection::Attach(pipe, std::chrono::seconds(10), error);
+  std::shared_ptr<OfficeConnection> office = pipe.empty()
+                                                 ? OfficeConnection::StartPrivate(OfficeStartTimeout(), error)
+                                                 : OfficeConnection::Attach(pipe, std::chrono::seconds(10), error);
   connection_ = office;
   return office;
 }
