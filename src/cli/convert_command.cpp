@@ -755,9 +755,6 @@ constexpr const char* kFontHelp =
     "  --from auto (documents to Unicode): each font the text is in is converted by the encoding its\n"
     "    name tells (TSCu_ fonts are TSCII, TAMu_ fonts TAM...), else by what its text reads as when\n"
     "    that is settled; each font met is reported with how it was treated.\n"
-    "  --from auto (documents to Unicode): each font the text is in is converted by the encoding its\n"
-    "    name tells (TSCu_ fonts are TSCII, TAMu_ fonts TAM...), else by what its text reads as when\n"
-    "    that is settled; each font met is reported with how it was treated.\n"
     "  legacy to legacy: --legacy-font names the source fonts as above; the text goes through\n"
     "    --unicode-font (or the default Unicode font) and gets the target encoding's default font.\n";
 
