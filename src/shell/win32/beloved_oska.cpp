@@ -7,13 +7,13 @@
 #include "settings/error_report.hpp"
 #include "shell/app_identity.hpp"
 #include "shell/offered_keymaps.hpp"
-#include "translit/win32/settings_windows.hpp"
 #include "shell/win32/drawn_icons.hpp"
 #include "shell/win32/main_menu.hpp"
 #include "shell/win32/process_snapshot.hpp"
 #include "shell/win32/window_messages.hpp"
 #include "text/utf.hpp"
 #include "translit/typing_settings.hpp"
+#include "translit/win32/settings_windows.hpp"
 
 namespace quilom::shell::win32 {
 namespace {
@@ -129,6 +129,10 @@ LRESULT BelovedOska::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
     ReloadOfferedKeymaps();
     return 0;
   }
+  if (message == translit::win32::TypingSettingsChangedMessage()) {
+    if (front_.TypingOn() && !selector_.State().ActiveKeymap.empty()) ApplyKeymap(selector_.State().ActiveKeymap);
+    return 0;
+  }
   switch (message) {
     case WM_CREATE:
       CreateControls();
@@ -156,7 +160,12 @@ LRESULT BelovedOska::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
         PollForeground();
       } else if (wParam == kExitPollTimer) {
         std::error_code error;
-        if (std::filesystem::exists(launch_.exitWhen, error)) Close();
+        if (std::filesystem::exists(launch_.exitWhen, error)) {
+          Close();
+        } else {
+          // A test watches the floater too, which changes without the main window hearing of it.
+          WriteStateFile();
+        }
       }
       return 0;
     case WM_ACTIVATE:
@@ -269,6 +278,8 @@ void BelovedOska::WriteStateFile() const {
   GetWindowTextW(startStop_, caption, 64);
   RECT toolsItem{};
   GetMenuItemRect(window_, GetMenu(window_), 1, &toolsItem);
+  RECT typingItem{};
+  GetMenuItemRect(window_, GetMenu(window_), 0, &typingItem);
   RECT trayRect{};
   const bool trayShown = tray_ && tray_->Shown();
   const MainOptions& options = options_->Options();
@@ -283,7 +294,10 @@ void BelovedOska::WriteStateFile() const {
          << "fastbox=" << CentreOf(window_, fastEditing_) << "\n"
          << "hotkeylist=" << CentreOf(window_, hotkeyList_) << "\n"
          << "sethotkey=" << CentreOf(window_, setHotkey_) << "\n"
+         << "chartbutton=" << CentreOf(window_, chartButton_) << "\n"
+         << "guidebutton=" << CentreOf(window_, gettingStartedButton_) << "\n"
          << "toolsmenu=" << FromCorner(window_, toolsItem) << "\n"
+         << "typingmenu=" << FromCorner(window_, typingItem) << "\n"
          << "reinstalls=" << front_.Health().ReinstallCount() << "\n"
          << "slowest=" << front_.Health().SlowestCallbackMs() << "\n"
          << "keymap=" << text::Utf16ToUtf8(selector_.State().ActiveKeymap) << "\n"
@@ -291,7 +305,12 @@ void BelovedOska::WriteStateFile() const {
          << "hotkey=" << text::Utf16ToUtf8(options.presentHotkey) << "\n"
          << "options=" << options.FocusedMode << Bit(options.instantTyping) << Bit(options.FastEditing == 1)
          << Bit(options.smartEditing) << Bit(options.copyPasteEditing) << Bit(options.includeHotkeys) << "\n"
-         << "tray=" << Bit(trayShown) << "\n";
+         << "tray=" << Bit(trayShown) << "\n"
+         << "floater=" << (observer_ != nullptr ? observer_->StateBits() : "-") << "\n";
+    const std::u16string& keymap = selector_.State().ActiveKeymap;
+    if (!keymap.empty())
+      file << "trayface="
+           << text::Utf16ToUtf8(controls::FromWide(LetterFace(IndicatorLetters(controls::ToWide(keymap))))) << "\n";
     if (trayShown && tray_->ScreenRect(trayRect))
       file << "trayicon=" << (trayRect.left + trayRect.right) / 2 << "," << (trayRect.top + trayRect.bottom) / 2
            << "\n";

@@ -82,14 +82,21 @@ bool BelovedOskaGrace::Show() {
     settings_ = ReadFloaterSettings(FloaterSettingsPath(folders_));
     controls::RegisterWindowClassOnce(instance_, kClassName, Procedure);
     constexpr DWORD style = WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_THICKFRAME | WS_MINIMIZEBOX | WS_CLIPCHILDREN;
-    window_ = CreateWindowExW(WS_EX_TOOLWINDOW | WS_EX_CONTROLPARENT, kClassName, kCaption, style, settings_.left,
-                              settings_.top, settings_.width, settings_.height, nullptr, nullptr, instance_, this);
+    // Topmost from the start: Wine maps a window asked to be topmost before it is shown as an
+    // ordinary one, and showing it does not ask again.
+    const DWORD topmost = FloaterLookOf(settings_).alwaysOnTop ? WS_EX_TOPMOST : 0;
+    window_ =
+        CreateWindowExW(WS_EX_TOOLWINDOW | WS_EX_CONTROLPARENT | topmost, kClassName, kCaption, style, settings_.left,
+                        settings_.top, settings_.width, settings_.height, nullptr, nullptr, instance_, this);
     if (window_ == nullptr) {
       ReportError(kErrorTag, ErrorDetails{static_cast<long>(GetLastError()), u"Quilom++", u"The floater was not made"});
       return false;
     }
   }
   ShowWindow(window_, SW_SHOWNOACTIVATE);
+  ApplyTopmost();
+  // Typing may have started before the floater was made.
+  OnTypingChanged(host_.TypingOn(), host_.Selection().ActiveKeymap);
   return true;
 }
 
@@ -108,10 +115,33 @@ void BelovedOskaGrace::OnTypingChanged(bool typingOn, const std::u16string& acti
   const std::u16string state = typingOn ? u"Typing: " + activeKeymap : u"Typing is OFF";
   SetWindowTextW(status_, controls::ToWide(state).c_str());
   if (typingOn && settings_.On(FloaterOption::FollowTheTyping)) ShowRowOf(activeKeymap);
+  SyncHookTick();
+}
+
+std::string BelovedOskaGrace::StateBits() const {
+  if (window_ == nullptr) return "000";
+  const auto bit = [](bool on) { return on ? '1' : '0'; };
+  const bool topmost = (GetWindowLongPtrW(window_, GWL_EXSTYLE) & WS_EX_TOPMOST) != 0;
+  const bool hookTicked =
+      ListView_GetCheckState(options_, static_cast<int>(FloaterOption::HookTheTypingWindow)) != FALSE;
+  return {bit(Visible()), bit(topmost), bit(hookTicked)};
 }
 
 void BelovedOskaGrace::OnOfferedKeymapsChanged() {
-  if (window_ != nullptr) FillGrid();
+  if (window_ == nullptr) return;
+  FillGrid();
+  SyncHookTick();
+}
+
+// The main window clears the hooked window when typing goes back to all applications; the tick
+// must not go on claiming one.
+void BelovedOskaGrace::SyncHookTick() {
+  const bool hooked = host_.Selection().HookedWindow != 0;
+  if (hooked || !settings_.On(FloaterOption::HookTheTypingWindow)) return;
+  settings_.Set(FloaterOption::HookTheTypingWindow, false);
+  fillingOptions_ = true;
+  ListView_SetCheckState(options_, static_cast<int>(FloaterOption::HookTheTypingWindow), FALSE);
+  fillingOptions_ = false;
 }
 
 LRESULT CALLBACK BelovedOskaGrace::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
@@ -207,10 +237,30 @@ void BelovedOskaGrace::Layout(int width, int height) {
   FitLastColumn();
 }
 
+// Every column is as wide as its header or widest cell; the last one also fills the room left.
+// When the floater is narrower than that, the grid scrolls sideways instead of cutting a column.
 void BelovedOskaGrace::FitLastColumn() {
   HWND header = ListView_GetHeader(grid_);
   const int columns = header != nullptr ? Header_GetItemCount(header) : 0;
-  if (columns > 0) ListView_SetColumnWidth(grid_, columns - 1, LVSCW_AUTOSIZE_USEHEADER);
+  if (columns <= 0) return;
+  const int last = columns - 1;
+  for (int column = 0; column <= last; ++column) {
+    wchar_t title[64] = {};
+    LVCOLUMNW query{};
+    query.mask = LVCF_TEXT;
+    query.pszText = title;
+    query.cchTextMax = 64;
+    ListView_GetColumn(grid_, column, &query);
+    ListView_SetColumnWidth(grid_, column, LVSCW_AUTOSIZE);
+    const int needed = std::max(ListView_GetColumnWidth(grid_, column), ListView_GetStringWidth(grid_, title) + Px(14));
+    ListView_SetColumnWidth(grid_, column, needed);
+  }
+  RECT client{};
+  GetClientRect(grid_, &client);
+  int used = 0;
+  for (int column = 0; column < last; ++column) used += ListView_GetColumnWidth(grid_, column);
+  const int room = client.right - used;
+  if (room > ListView_GetColumnWidth(grid_, last)) ListView_SetColumnWidth(grid_, last, room);
 }
 
 void BelovedOskaGrace::FillOptions() {
@@ -254,6 +304,7 @@ void BelovedOskaGrace::FillGrid() {
     rows.push_back(std::move(cells));
   }
   translit::win32::SetListRows(grid_, rows);
+  FitLastColumn();
   if (chosenNumber_ > 0 && chosenNumber_ <= static_cast<int>(keymaps.size())) {
     translit::win32::SelectListRow(grid_, chosenNumber_ - 1);
   }
@@ -261,11 +312,24 @@ void BelovedOskaGrace::FillGrid() {
 }
 
 void BelovedOskaGrace::ApplyLook() {
-  const FloaterLook look = FloaterLookOf(settings_);
-  SetWindowPos(window_, look.alwaysOnTop ? HWND_TOPMOST : HWND_NOTOPMOST, 0, 0, 0, 0,
-               SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+  ApplyTopmost();
   BuildColumns();
   FillGrid();
+}
+
+// Asking again for the place it already has changes nothing; leaving it and taking it back
+// restacks the floater above the window that was raised.
+void BelovedOskaGrace::ReassertTopmost() {
+  if (window_ == nullptr || !IsWindowVisible(window_) || !FloaterLookOf(settings_).alwaysOnTop) return;
+  constexpr UINT kKeep = SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE;
+  SetWindowPos(window_, HWND_NOTOPMOST, 0, 0, 0, 0, kKeep);
+  SetWindowPos(window_, HWND_TOPMOST, 0, 0, 0, 0, kKeep);
+}
+
+void BelovedOskaGrace::ApplyTopmost() {
+  if (window_ == nullptr || !IsWindowVisible(window_)) return;
+  const bool wanted = FloaterLookOf(settings_).alwaysOnTop;
+  SetWindowPos(window_, wanted ? HWND_TOPMOST : HWND_NOTOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
 }
 
 void BelovedOskaGrace::OnNotify(const NMHDR& header) {
@@ -337,6 +401,12 @@ void BelovedOskaGrace::ShowRowOf(const std::u16string& keymap) {
 void BelovedOskaGrace::TrackForeground() {
   HWND front = GetForegroundWindow();
   if (front == nullptr) return;
+  if (front != lastFront_) {
+    lastFront_ = front;
+    // Wine raises a window that comes to the front above every other, topmost or not; the
+    // floater takes its place back.
+    if (front != window_) ReassertTopmost();
+  }
   DWORD process = 0;
   GetWindowThreadProcessId(front, &process);
   wchar_t className[64] = {};

@@ -46,6 +46,7 @@ class BelovedOskaGrace final : public TypingObserver {
   int ChosenKeymapNumber() const { return chosenNumber_; }
 
   void OnTypingChanged(bool typingOn, const std::u16string& activeKeymap) override;
+  std::string StateBits() const override;
   void OnOfferedKeymapsChanged() override;
 
  private:
@@ -58,6 +59,9 @@ class BelovedOskaGrace final : public TypingObserver {
   void FitLastColumn();
   void FillGrid();
   void ApplyLook();
+  void ApplyTopmost();
+  void ReassertTopmost();
+  void SyncHookTick();
   void OnNotify(const NMHDR& header);
   void OnOptionToggled(int option, bool on);
   void OnHookToggled(bool on);
@@ -76,6 +80,7 @@ class BelovedOskaGrace final : public TypingObserver {
   TypingHost& host_;
   settings::DataFolders folders_;
   FloaterSettings settings_;
+  HWND lastFront_ = nullptr;  // the foreground window at the last look
   HWND window_ = nullptr;
   HWND guidance_ = nullptr;
   HWND grid_ = nullptr;

@@ -39,6 +39,8 @@ class TypingObserver {
   virtual void OnTypingChanged(bool typingOn, const std::u16string& activeKeymap) = 0;
   // The offered list changed (a new "Finalized" list was written).
   virtual void OnOfferedKeymapsChanged() = 0;
+  // For the state file a test reads: shown, topmost and "Hook the Typing Window" ticked, as 0/1.
+  virtual std::string StateBits() const = 0;
 };
 
 }  // namespace quilom::shell::win32
