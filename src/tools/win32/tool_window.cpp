@@ -16,6 +16,7 @@ namespace {
 
 constexpr wchar_t kClassName[] = L"QuilomToolWindow";
 constexpr UINT_PTR kTabLeavesBoxSubclass = 1;
+constexpr UINT_PTR kInsetTextSubclass = 2;
 constexpr int kTextPointSize = 11;
 
 std::vector<ToolWindow*>& OpenWindows() {
@@ -45,6 +46,22 @@ LRESULT CALLBACK TabLeavesBox(HWND box, UINT message, WPARAM wParam, LPARAM lPar
   }
   if (message == WM_NCDESTROY) RemoveWindowSubclass(box, TabLeavesBox, kTabLeavesBoxSubclass);
   return DefSubclassProc(box, message, wParam, lParam);
+}
+
+// Tamil vowel signs written before their consonant reach left of the pen, and Wine's RichEdit
+// draws a line's first letter right against the border: the text is kept `inset` pixels in from
+// the left. A resize gives the box its whole client area back, so the inset is set again after it.
+LRESULT CALLBACK InsetText(HWND box, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR, DWORD_PTR inset) {
+  if (message == WM_NCDESTROY) RemoveWindowSubclass(box, InsetText, kInsetTextSubclass);
+  const LRESULT result = DefSubclassProc(box, message, wParam, lParam);
+  if (message == WM_SIZE) {
+    RECT text{};
+    GetClientRect(box, &text);
+    text.left += static_cast<LONG>(inset);
+    text.right -= static_cast<LONG>(inset) / 2;
+    if (text.right > text.left) SendMessageW(box, EM_SETRECT, 0, reinterpret_cast<LPARAM>(&text));
+  }
+  return result;
 }
 
 // Fonts by script cost a full re-layout of the box, which grows too slow past this length on
@@ -145,6 +162,7 @@ HWND ToolWindow::AddTextBox(int id, bool readOnly, bool notifyChanges) {
   SendMessageW(box, EM_SETEVENTMASK, 0, notifyChanges || mixFonts_ ? ENM_CHANGE : 0);
   notifying_.push_back(notifyChanges ? box : nullptr);
   SetWindowSubclass(box, TabLeavesBox, kTabLeavesBoxSubclass, 0);
+  SetWindowSubclass(box, InsetText, kInsetTextSubclass, static_cast<DWORD_PTR>(Px(5)));
   return box;
 }
 
