@@ -34,9 +34,20 @@ cleanup() {
 trap cleanup EXIT
 
 # Starts the host with one window and prints the window's X id once it is mapped.
+# Waits until one of the host's windows shows a control captioned exactly TEXT.
+expect_caption() {
+  local _
+  for _ in $(seq 50); do
+    grep -qxF "$1" "$work/captions.txt" 2>/dev/null && return 0
+    sleep 0.1
+  done
+  fail "no control reads '$1'; the captions are: $(tr '\n' '|' <"$work/captions.txt" 2>/dev/null)"
+}
+
 open_window() {
   local window=$1 title=$2 wid
-  wine "$bin/QuilomSettingsHost.exe" --data "$data_root" --window "$window" >"$work/host.log" 2>&1 </dev/null &
+  wine "$bin/QuilomSettingsHost.exe" --data "$data_root" --window "$window" \
+    --captions "Z:$(echo "$work/captions.txt" | sed 's#/#\\#g')" >"$work/host.log" 2>&1 </dev/null &
   echo $! >"$work/host.pid"
   wid=$(timeout 30 xdotool search --sync --onlyvisible --name "$title" | head -1) || true
   [ -n "$wid" ] || fail "window '$title' did not open"
@@ -117,16 +128,22 @@ case $name in
   qmset2)
     wid=$(open_window qmset2 '^Quilom\+\+ - More Typing Settings$')
     shot qmset2
-    # Extended scheme: ticking it unticks the classic scheme.
+    expect_caption "Classic scheme = 1"
+    expect_caption "Extended scheme = 0"
+    # Extended scheme: ticking it unticks the classic scheme, and both captions say so.
     xdotool mousemove --window "$wid" 32 122 click 1
     sleep 0.5
     expect_line qm-settings-2.ini "Extended scheme=1"
     expect_line qm-settings-2.ini "Classic scheme=0"
+    expect_caption "Classic scheme = 0"
+    expect_caption "Extended scheme = 1"
+    shot qmset2-extended
     # Restore Defaults puts the factory copy back.
     xdotool key alt+r
     answer_box '^Quilom\+\+$' Return
     expect_line qm-settings-2.ini "Extended scheme=0"
     expect_line qm-settings-2.ini "Classic scheme=1"
+    expect_caption "Classic scheme = 1"
     close_window
     ;;
   catalogue)

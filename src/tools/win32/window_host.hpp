@@ -11,7 +11,8 @@
 // out and for the end-to-end tests. Command line: [--data DIR] --window NAME [--window NAME ...].
 // --data names another data root; the program folder stays the host's own, so anything that
 // points at a program (the start-up link) points beside the host. Ends when the last window of
-// the text tools' kind closes.
+// the text tools' kind closes. --captions FILE has the host write the captions of all its
+// windows and their controls to FILE, five times a second, for a test to read.
 namespace quilom::tools::win32 {
 
 struct WindowHost {

@@ -79,9 +79,16 @@ class TypingSettingsMoreWindow final : public tools::win32::ToolWindow {
   std::u16string_view ErrorTag() const override { return u"qmset2"; }
 
  private:
+  // The caption names the value in force, which a click or a scheme's partner changes.
   void ShowTicks() {
     for (size_t i = 0; i < rows_.size(); ++i) {
-      if (!rows_[i].separator) SetTicked(kRowFirst + static_cast<int>(i), RowTicked(folders_, rows_[i]));
+      if (rows_[i].separator) continue;
+      const int id = kRowFirst + static_cast<int>(i);
+      const bool ticked = RowTicked(folders_, rows_[i]);
+      SetTicked(id, ticked);
+      SetKeyRow shown = rows_[i];
+      shown.value = ticked ? u"1" : u"0";
+      SetCaption(id, shown.DisplayText());
     }
   }
 
@@ -89,12 +96,14 @@ class TypingSettingsMoreWindow final : public tools::win32::ToolWindow {
     const std::u16string warning = ClickSetKeyRow(folders_, rows_[static_cast<size_t>(row)], IsTicked(kRowFirst + row));
     // A scheme choice also changes its partner, so every box is read back.
     ShowTicks();
+    TellOwnerSettingsChanged(Handle());
     if (!warning.empty()) tools::win32::ShowInformation(Handle(), warning);
   }
 
   void RestoreDefaults() {
     if (RestoreSettings2Defaults(folders_)) {
       ShowTicks();
+      TellOwnerSettingsChanged(Handle());
       tools::win32::ShowInformation(Handle(), u"The options are back to their factory settings.");
     }
   }
