@@ -301,6 +301,16 @@ UINT OfferedKeymapsChangedMessage() {
   return message;
 }
 
+UINT TypingSettingsChangedMessage() {
+  static const UINT message = RegisterWindowMessageW(L"Quilom++ Typing Settings Changed");
+  return message;
+}
+
+void TellOwnerSettingsChanged(HWND window) {
+  HWND owner = GetWindow(window, GW_OWNER);
+  if (owner != nullptr) PostMessageW(owner, TypingSettingsChangedMessage(), 0, 0);
+}
+
 HWND ShowKeymapCatalogueWindow(HINSTANCE instance, HWND owner, const settings::DataFolders& folders) {
   if (HWND open = tools::win32::ToolWindow::FindOpen(kKind); open != nullptr) {
     return tools::win32::ToolWindow::Open(nullptr, instance, owner, kKind, L"", 0, 0, nullptr);

@@ -28,4 +28,12 @@ HWND ShowKeymapCatalogueWindow(HINSTANCE instance, HWND owner, const settings::D
 // The registered message "Quilom++ Offered Keymaps Changed"; the same number in every process.
 UINT OfferedKeymapsChangedMessage();
 
+// The registered message "Quilom++ Typing Settings Changed", posted to the owner of `qmset` and
+// `qmset2` after each click that wrote a setting (wParam and lParam 0), so that typing under way
+// takes the new setting at once rather than at the next keymap switch.
+UINT TypingSettingsChangedMessage();
+
+// Posts TypingSettingsChangedMessage() to `window`'s owner, if it has one.
+void TellOwnerSettingsChanged(HWND window);
+
 }  // namespace quilom::translit::win32

@@ -107,6 +107,7 @@ class TypingSettingsWindow final : public tools::win32::ToolWindow {
     } else {
       WriteTypingSetting(folders_, item.key, ticked);
     }
+    TellOwnerSettingsChanged(Handle());
   }
 
   settings::DataFolders folders_;
