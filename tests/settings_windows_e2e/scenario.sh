@@ -259,6 +259,39 @@ case $name in
     for _ in $(seq 30); do [ "$(utf8 "$floater" | grep -A1 -x '`````Follow the Typing' | tail -1)" = 1 ] && break; sleep 0.1; done
     [ "$(utf8 "$floater" | grep -A1 -x '`````Follow the Typing' | tail -1)" = 1 ] ||
       fail "ticking Follow the Typing was not written: $(utf8 "$floater" | head -3)"
+    # Back to typing in all applications: no window is hooked any more, and the tick goes.
+    [ "$(quilom_state floater | cut -c3)" = 1 ] || fail "Hook the Typing Window is not ticked: $(quilom_state floater)"
+    radio=$(quilom_state allapps)
+    click_window "$QUILOM_WID" "${radio%,*}" "${radio#*,}"
+    for _ in $(seq 30); do [ "$(quilom_state floater | cut -c3)" = 0 ] && break; sleep 0.1; done
+    screenshot floater_all_applications
+    [ "$(quilom_state floater | cut -c3)" = 0 ] ||
+      fail "Hook the Typing Window stayed ticked in all-application typing: $(quilom_state floater)"
+    ;;
+  numerals_live)
+    # Tamil numerals ticked in Typing Settings while typing is on: the next digits are Tamil.
+    use_quilom
+    start_target
+    start_quilom
+    click_window "$QUILOM_WID" 200 12
+    xdotool key --delay 150 F10 s t
+    qmset_wid=$(timeout 20 xdotool search --sync --onlyvisible --name '^Quilom\+\+ - Typing Settings$' | head -1) ||
+      true
+    [ -n "$qmset_wid" ] || fail "Settings > Typing Settings did not open"
+    click_target
+    xdotool key alt+F12 1
+    wait_for_state typing on 10 || fail "the hotkey did not start typing"
+    xdotool type --delay 30 'amma 12 '
+    expect_text 'அம்ம 12 '
+    # TAMIL, then the numerals box.
+    click_window "$qmset_wid" 40 92
+    click_window "$qmset_wid" 182 97
+    expect_line qm-settings.ini TamilNumeralsConversion=1
+    screenshot numerals_ticked
+    click_target
+    xdotool type --delay 30 '34'
+    expect_text 'அம்ம 12 ௩௪'
+    screenshot numerals_typed
     ;;
   *)
     fail "unknown scenario"

@@ -296,6 +296,7 @@ void BelovedOska::WriteStateFile() const {
          << "sethotkey=" << CentreOf(window_, setHotkey_) << "\n"
          << "chartbutton=" << CentreOf(window_, chartButton_) << "\n"
          << "guidebutton=" << CentreOf(window_, gettingStartedButton_) << "\n"
+         << "allapps=" << CentreOf(window_, allApplications_) << "\n"
          << "toolsmenu=" << FromCorner(window_, toolsItem) << "\n"
          << "typingmenu=" << FromCorner(window_, typingItem) << "\n"
          << "reinstalls=" << front_.Health().ReinstallCount() << "\n"
