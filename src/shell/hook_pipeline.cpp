@@ -21,6 +21,8 @@ bool HookPipeline::ChordHeld() const {
   return keys_.IsDown(kVkControl) || keys_.IsDown(kVkMenu) || keys_.IsDown(kVkLWin) || keys_.IsDown(kVkRWin);
 }
 
+bool HookPipeline::EditsComposition() const { return state_.editing.smartEditing || state_.editing.fastEditing; }
+
 bool HookPipeline::ShiftHeld() const { return keys_.IsDown(kVkShift); }
 
 HookDecision HookPipeline::DecideGlobal(const KeyEvent& event) {
@@ -58,6 +60,8 @@ HookDecision HookPipeline::NormalDown(int vk) const {
   } else if (state_.hotkeys.IsSecondary(vk) || keyClass == KeyClass::NumpadDigit) {
     decision.Add(0, vk);
     decision.swallow = true;
+  } else if (vk == kVkBack && EditsComposition()) {
+    decision.Add(0, vk);
   } else {
     decision.Add(0, kResetSignal);
   }
@@ -163,7 +167,7 @@ HookDecision HookPipeline::GlobalUp(const KeyEvent& event, int vk) {
   HookDecision decision;
   const DownRecord record = Recordable(vk) ? downRecords_[vk] : DownRecord::None;
   if (Recordable(vk)) downRecords_[vk] = DownRecord::None;
-  if (event.message == kWmKeyUp && vk == kVkBack && event.flags == kFlagUp) {
+  if (event.message == kWmKeyUp && vk == kVkBack && event.flags == kFlagUp && !EditsComposition()) {
     decision.Add(0, kResetSignal);
     return decision;
   }

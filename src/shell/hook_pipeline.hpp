@@ -34,6 +34,9 @@
 // - A hotkey's number ends after a pause (HookedKeyProcessor::kHotkeyNumberPauseMs): every
 //   key-down but a hotkey key first ends a paused hotkey sequence, so that with typing off a
 //   digit typed late passes to the application instead of choosing a keymap.
+// - With "Smart Editing" or "Fast Editing" a Backspace reaches the application (it erases one
+//   character there) and is handed to the processor, whose engine edits its composition; its
+//   key-up breaks nothing. Without them a Backspace ends the composition as any other key.
 // - In the focal (hotkeys-only) hook a numeric-pad digit is taken only while a hotkey is armed,
 //   like a top-row digit: with typing off the keypad must keep working.
 namespace quilom::shell {
@@ -82,6 +85,7 @@ class HookPipeline {
   void Remember(int vk, const HookDecision& decision);
   bool ChordHeld() const;
   bool ShiftHeld() const;
+  bool EditsComposition() const;
   HookOutcome CarryOut(const HookDecision& decision) noexcept;
 
   TypingFrontState& state_;

@@ -29,6 +29,11 @@ MenuSuppression HookedKeyProcessor::ProcessHookedKey(int shift, int key) noexcep
       engine_.Reset();
       return MenuSuppression::None;
     }
+    if (key == kVkBack) {
+      state_.keys.LastKey = key;
+      engine_.Backspace(state_.editing.fastEditing, state_.editing.smartEditing);
+      return MenuSuppression::None;
+    }
     if (state_.hotkeys.IsHotkey(key)) return ArmHotkey(key);
     EndPausedHotkeyNumber();
     if (!state_.hotkeys.IsHotkey(state_.keys.LastKey)) {
@@ -43,9 +48,17 @@ MenuSuppression HookedKeyProcessor::ProcessHookedKey(int shift, int key) noexcep
 }
 
 MenuSuppression HookedKeyProcessor::ArmHotkey(int key) {
+  const bool completes = state_.hotkeys.PrimaryHotkeyVk == 0 || state_.hotkeys.IsHotkey(state_.keys.LastKey);
   state_.HotkeyArmed = true;
   state_.keys.ComposeFlag = 0;
   state_.keys.LastKey = key;
+  if (!state_.editing.includeHotkeys && state_.hotkeys.IsSecondary(key) && completes) {
+    // Without "Include Hotkeys" the hotkey alone does what hotkey and 1 would; no number is
+    // awaited, so the digits after it are text.
+    state_.HotkeyArmed = false;
+    state_.keys.LastKey = kResetSignal;
+    if (digitHandler_) digitHandler_('1');
+  }
   NoteHotkeyTime();
   const int primary = state_.hotkeys.PrimaryHotkeyVk;
   if (!IsAltKey(primary) && !IsWindowsKey(primary)) return MenuSuppression::None;

@@ -36,6 +36,9 @@ class HookedKeyProcessor {
   // next key instead of ignoring keys until some reset arrives. Once digits were typed (the digit
   // handler set ComposeFlag to 1, as HotkeyNumberSelector does), any other key ends the number
   // and is typed at once, so "hotkey, 1, a" types the "a" in the keymap just chosen.
+  // Backspace (kVkBack, which the application also receives) goes to the engine's Backspace
+  // with the editing choices. With "Include Hotkeys" off the completed hotkey is read as hotkey
+  // and 1 (typing on in the first keymap, or off) and arms no number.
   MenuSuppression ProcessHookedKey(int shift, int key) noexcept;
 
   // Called with the virtual-key code of each digit (top row or numeric pad) typed right after

@@ -97,4 +97,12 @@ void MainWindowOptions::Store(std::u16string_view key, bool on) const {
   store_.SaveToolSetting(key, on ? u"1" : u"0");
 }
 
+EditingChoices MainWindowOptions::Editing() const {
+  EditingChoices choices;
+  choices.smartEditing = options_.smartEditing;
+  choices.fastEditing = options_.FastEditing != 0;
+  choices.includeHotkeys = options_.includeHotkeys;
+  return choices;
+}
+
 }  // namespace quilom::shell

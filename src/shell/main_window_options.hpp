@@ -5,6 +5,7 @@
 
 #include "settings/tool_settings.hpp"
 #include "shell/keymap_selection.hpp"
+#include "shell/typing_front_state.hpp"
 
 // The main window's typing options and how each click changes and stores them. Every option is
 // written to "Settings.txt" at its own click ("1" on, "0" off, the hotkey as its text), so a crash
@@ -18,8 +19,14 @@
 // - Choosing typing focused on one application while global typing is on turns global typing
 //   off first (through the ordinary selection), so the button's caption "'Start' Global Typing"
 //   is also the truth about the hooks.
-// - "Fast Editing", "Smart Editing", "CopyPaste Editing" and "Include Hotkeys" are stored and
-//   restored; the engine reads none of them yet, so they change nothing in what is typed.
+// - "Smart Editing": Backspace reaches the application and edits the composition, so that the
+//   next key re-forms the syllable ("kaa", Backspace, "i" gives the consonant with the i sign).
+// - "Fast Editing": one Backspace erases the whole letter before the caret (its consonant and
+//   every sign after it) within the text typed since the composition last broke; alone it then
+//   ends the composition, with "Smart Editing" the next key joins the letter now before the caret.
+// - "Include Hotkeys" off: the completed hotkey alone does what hotkey and 1 would (typing on in
+//   the first keymap, or off); the digits after it are text.
+// - "CopyPaste Editing" is stored and restored; the output does not read it yet.
 namespace quilom::shell {
 
 inline constexpr std::u16string_view kGlobalTypingKey = u"Global Typing";
@@ -61,6 +68,8 @@ class MainWindowOptions {
   // ignore marker while it is being set, so the load itself stores nothing.
   void Load();
   const MainOptions& Options() const { return options_; }
+  // What the hooks follow of the options.
+  EditingChoices Editing() const;
 
   // The hooking type pair: `mode` 1 (one application) or 2 (all applications); other values
   // change nothing. `typingOn` tells whether the global hooks are in.

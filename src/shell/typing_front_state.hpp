@@ -26,9 +26,18 @@ struct HotkeyCodes {
   bool IsHotkey(int vk) const { return vk != 0 && (vk == PrimaryHotkeyVk || IsSecondary(vk)); }
 };
 
+// The main window's editing options as the hooks read them (see main_window_options.hpp).
+struct EditingChoices {
+  bool smartEditing = false;   // Backspace edits the composition instead of ending it
+  bool fastEditing = false;    // Backspace erases a whole letter of the word being typed
+  bool includeHotkeys = true;  // digits after the hotkey choose a keymap
+  bool operator==(const EditingChoices&) const = default;
+};
+
 struct TypingFrontState {
   HookKeyState keys;
   HotkeyCodes hotkeys;
+  EditingChoices editing;
   int ClickPending = 0;      // 1 from a left click until the keyboard hook leaves click mode
   bool HotkeyArmed = false;  // a hotkey key arrived; the next digit may select a keymap
 };

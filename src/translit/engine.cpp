@@ -27,7 +27,34 @@ int CompareKeyToTail(const std::u16string& key, std::u16string_view tail) {
   return key.size() < tail.size() ? -1 : 0;
 }
 
+bool InIndicBlocks(char16_t c) { return c >= 0x0900 && c <= 0x0DFF; }
+
+bool IsVirama(char16_t c) { return InIndicBlocks(c) && (c & 0x7F) == 0x4D; }
+
+// A bare consonant with its block's virama: the form that waits for a vowel.
+std::u16string WaitingForm(std::u16string_view letter) {
+  std::u16string form(letter);
+  if (letter.size() == 1 && InIndicBlocks(letter[0])) form.push_back(static_cast<char16_t>((letter[0] & ~0x7F) | 0x4D));
+  return form;
+}
+
+// Signs that never stand alone: they belong to the letter before them. Tamil's aytham sits
+// where other blocks have the visarga sign, but it is a letter of its own.
+bool IsCombiningSign(char16_t c) {
+  if (!InIndicBlocks(c)) return false;
+  const int offset = c & 0x7F;
+  if (offset == 0x03) return c != 0x0B83;
+  return offset == 0x01 || offset == 0x02 || (offset >= 0x3C && offset <= 0x4D && offset != 0x3D) ||
+         (offset >= 0x51 && offset <= 0x57) || offset == 0x62 || offset == 0x63;
+}
+
 }  // namespace
+
+int LastLetterLength(std::u16string_view text) {
+  size_t length = 0;
+  while (length < text.size() && IsCombiningSign(text[text.size() - 1 - length])) ++length;
+  return static_cast<int>(std::min(text.size(), length + 1));
+}
 
 Edit CommonPrefixDifference(std::u16string_view previous, std::u16string_view next) {
   const size_t same = CommonPrefixLength(previous, next);
@@ -50,6 +77,78 @@ void Engine::SetKeymap(std::shared_ptr<const PhoneticKeymap> keymap) {
 void Engine::Reset() {
   ClearBuffer();
   typedText_.clear();
+}
+
+void Engine::Backspace(bool wholeLetter, bool keepComposition) {
+  try {
+    BackspaceUnchecked(wholeLetter, keepComposition);
+  } catch (...) {
+    Reset();
+  }
+}
+
+void Engine::BackspaceUnchecked(bool wholeLetter, bool keepComposition) {
+  if (typedText_.empty()) {
+    // Nothing of ours before the caret: the Backspace erased the application's own text.
+    Reset();
+    return;
+  }
+  const size_t erase = wholeLetter ? static_cast<size_t>(LastLetterLength(typedText_)) : 1;
+  const std::u16string_view shown = history_[typedKeys_.size()];
+  const bool withinKeys = !typedKeys_.empty() && shown.size() > erase;
+  if (withinKeys) scratch_.assign(shown.substr(0, shown.size() - erase));
+  typedText_.pop_back();
+  if (erase > 1) Send(static_cast<int>(erase) - 1, u"");
+  if (!keepComposition) {
+    Reset();
+    return;
+  }
+  const int keep = withinKeys ? KeysShowing(scratch_) : -1;
+  if (keep < 0) {
+    ResumeLetter();
+    return;
+  }
+  typedKeys_.resize(static_cast<size_t>(keep));
+  history_[static_cast<size_t>(keep)].assign(scratch_);
+  // The last match's entry bounds later searches from its position; it no longer describes
+  // the shortened buffer.
+  lastMatchPosition_ = 0;
+  lastMatchEntry_ = 0;
+}
+
+// The erase reached back beyond the keys still buffered: the buffer becomes the shortest key
+// that types the letter now before the caret (or that letter waiting for a vowel), replayed
+// without output, so the next key joins the letter as it would have when first typed.
+void Engine::ResumeLetter() {
+  ClearBuffer();
+  if (!keymap_ || typedText_.empty()) return;
+  const std::u16string letter =
+      typedText_.substr(typedText_.size() - static_cast<size_t>(LastLetterLength(typedText_)));
+  const std::u16string waiting = WaitingForm(letter);
+  const std::u16string* best = nullptr;
+  for (size_t entry = 1; entry < keymap_->phoneticKeys.size(); ++entry) {
+    const std::u16string& output = keymap_->phoneticOutputs[entry];
+    const std::u16string& key = keymap_->phoneticKeys[entry];
+    if ((output == letter || output == waiting) && (best == nullptr || key.size() < best->size())) best = &key;
+  }
+  if (best == nullptr) return;
+  muted_ = true;
+  for (const char16_t key : *best) ProcessKeyUnchecked(key);
+  muted_ = false;
+  history_[typedKeys_.size()].assign(letter);
+  lastMatchPosition_ = 0;
+  lastMatchEntry_ = 0;
+}
+
+int Engine::KeysShowing(std::u16string_view remains) const {
+  for (size_t k = 0; k <= typedKeys_.size(); ++k) {
+    const std::u16string& output = history_[k];
+    if (output == remains) return static_cast<int>(k);
+    const bool awaitsVowel = output.size() == remains.size() + 1 && IsVirama(output.back()) &&
+                             std::u16string_view(output).substr(0, remains.size()) == remains;
+    if (awaitsVowel) return static_cast<int>(k);
+  }
+  return -1;
 }
 
 void Engine::ClearBuffer() {
@@ -190,6 +289,7 @@ void Engine::SendExtra(int eraseCount, std::u16string_view text) {
 }
 
 void Engine::Send(int eraseCount, std::u16string_view text) {
+  if (muted_) return;
   typedText_.resize(typedText_.size() - std::min<size_t>(typedText_.size(), static_cast<size_t>(eraseCount)));
   if (typedText_.size() + text.size() > kMaxRecordedText) typedText_.erase(0, kMaxRecordedText / 2);
   typedText_.append(text);

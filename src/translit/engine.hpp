@@ -43,6 +43,10 @@ struct Edit {
 // `previous` erased and the rest of `next` typed. Compares UTF-16 code units.
 Edit CommonPrefixDifference(std::u16string_view previous, std::u16string_view next);
 
+// How many UTF-16 units the last letter of `text` takes: one base character and every combining
+// sign (vowel sign, virama, nukta, anusvara) after it, for the Indic blocks.
+int LastLetterLength(std::u16string_view text);
+
 struct EngineSettings {
   int typingMode = 0;         // see UsesJoiningRules
   int punctuationSwitch = 0;  // 1 turns the punctuation rule on
@@ -71,6 +75,15 @@ class Engine final : public TypingEngine {
 
   // Empties the buffer and the engine's record of what it typed.
   void Reset() override;
+
+  // After the application's own Backspace. With `wholeLetter` the rest of the letter (its base
+  // and every sign after it) is erased through the sink. With `keepComposition` the buffer goes
+  // back to the first key state whose output is what remains, or what remains plus a virama:
+  // a bare consonant left after its vowel sign was erased waits for a vowel again, so "kaa",
+  // Backspace, "i" gives the consonant with the i sign. When the erase reaches back beyond the
+  // buffered keys, the letter now before the caret is taken up again through the shortest key
+  // that types it. Without `keepComposition` the composition ends.
+  void Backspace(bool wholeLetter, bool keepComposition) override;
 
   // Everything the engine has typed since the last Reset, as the application shows it (the
   // record is kept in output mode 2 as well). Valid until the next call.
@@ -103,6 +116,10 @@ class Engine final : public TypingEngine {
   void SendExtra(int eraseCount, std::u16string_view text);
   void Send(int eraseCount, std::u16string_view text);
   void RecordKey();
+  void BackspaceUnchecked(bool wholeLetter, bool keepComposition);
+  // The first key count whose output is `remains`, or `remains` followed by a virama; -1 if none.
+  int KeysShowing(std::u16string_view remains) const;
+  void ResumeLetter();
 
   OutputSink& sink_;
   std::shared_ptr<const PhoneticKeymap> keymap_;
@@ -119,6 +136,7 @@ class Engine final : public TypingEngine {
   int editErase_ = 0;
   std::u16string_view editText_;
   char16_t keyText_ = 0;
+  bool muted_ = false;  // replaying keys whose output is already on screen
 };
 
 }  // namespace quilom::translit

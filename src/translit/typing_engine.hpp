@@ -12,6 +12,15 @@ class TypingEngine {
   // state applied: 'k', 'K', ';', '1', '!' ...
   virtual void ProcessKey(char16_t key) = 0;
   virtual void Reset() = 0;
+  // The application has just erased one character before the caret (a Backspace let through).
+  // `wholeLetter` asks the engine to erase the rest of that letter too; `keepComposition` keeps
+  // the keys whose output is still shown, so the next key re-forms the syllable. An engine that
+  // keeps no record can only start afresh.
+  virtual void Backspace(bool wholeLetter, bool keepComposition) {
+    (void)wholeLetter;
+    (void)keepComposition;
+    Reset();
+  }
 };
 
 }  // namespace quilom::translit

@@ -88,6 +88,19 @@ INSTANTIATE_TEST_SUITE_P(
                       NormalRow{"UnrelatedKeyUpPasses", Up(0x25), {}, {}, false}),
     [](const ::testing::TestParamInfo<NormalRow>& info) { return info.param.name; });
 
+TEST_F(HookPipelineTest, WithAnEditingChoiceBackspaceReachesBothTheApplicationAndTheEngine) {
+  for (const auto& [smart, fast] : {std::pair{true, false}, std::pair{false, true}}) {
+    state.editing.smartEditing = smart;
+    state.editing.fastEditing = fast;
+    const HookDecision down = pipeline.DecideGlobal(Down(kVkBack));
+    EXPECT_EQ(CallsOf(down), (std::vector<HookedKeyCall>{{0, kVkBack}}));
+    EXPECT_FALSE(down.swallow) << "the application erases the character itself";
+    const HookDecision up = pipeline.DecideGlobal(Up(kVkBack));
+    EXPECT_EQ(up.callCount, 0) << "the key-up must not end the composition just edited";
+    EXPECT_FALSE(up.swallow);
+  }
+}
+
 TEST_F(HookPipelineTest, KeyUpGetsItsKeyDownsVerdict) {
   EXPECT_TRUE(pipeline.DecideGlobal(Down('K')).swallow);
   const HookDecision up = pipeline.DecideGlobal(Up('K'));

@@ -60,6 +60,39 @@ TEST_F(ProcessHookedKeyTest, HotkeyThenDigitSelectsInsteadOfTyping) {
   EXPECT_FALSE(state.HotkeyArmed);
 }
 
+TEST_F(ProcessHookedKeyTest, BackspaceCarriesTheEditingChoicesToTheEngine) {
+  const struct {
+    bool smart, fast;
+    std::u16string_view log;
+  } rows[] = {{false, false, u"<"}, {true, false, u"<+"}, {false, true, u"<*"}, {true, true, u"<*+"}};
+  for (const auto& row : rows) {
+    engine.log.clear();
+    state.editing.smartEditing = row.smart;
+    state.editing.fastEditing = row.fast;
+    processor.ProcessHookedKey(0, kVkBack);
+    EXPECT_EQ(engine.log, row.log) << row.smart << row.fast;
+    EXPECT_EQ(state.keys.LastKey, kVkBack);
+  }
+}
+
+TEST_F(ProcessHookedKeyTest, WithoutIncludeHotkeysTheHotkeyAloneTogglesAndDigitsAreTyped) {
+  state.hotkeys = {0xA4, 0x7B, 0};  // Alt+F12
+  state.editing.includeHotkeys = false;
+  std::vector<int> chosen;
+  processor.SetHotkeyDigitHandler([&](int vk) { chosen.push_back(vk); });
+  processor.ProcessHookedKey(0, 0xA4);  // Alt alone toggles nothing
+  EXPECT_TRUE(chosen.empty());
+  processor.ProcessHookedKey(0, 0x7B);
+  EXPECT_EQ(chosen, (std::vector<int>{'1'}));
+  EXPECT_FALSE(state.HotkeyArmed) << "the focal hook must let a digit through to the application";
+  processor.ProcessHookedKey(0, '2');
+  EXPECT_EQ(chosen.size(), 1u);
+  EXPECT_EQ(engine.log, u"2");
+
+  processor.ProcessHookedKey(0, 0x7B);  // F12 without Alt before it is no hotkey
+  EXPECT_EQ(chosen.size(), 1u);
+}
+
 TEST_F(ProcessHookedKeyTest, AltOrWindowsHotkeyAsksForMenuSuppression) {
   state.hotkeys = {0xA4, 0x5B, 0x7B};  // left Alt primary, left Windows and F12 secondary
   EXPECT_EQ(processor.ProcessHookedKey(0, 0xA4), MenuSuppression::Alt);

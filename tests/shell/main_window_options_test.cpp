@@ -61,6 +61,20 @@ TEST_F(MainWindowOptionsTest, EveryBoxIsStoredAtItsClickAndRestoredByTheNextLoad
   EXPECT_EQ(ReadBytes(File()).substr(0, 2), std::string("\xFF\xFE"));
 }
 
+TEST_F(MainWindowOptionsTest, EditingChoicesFollowTheBoxes) {
+  MainWindowOptions options = Fresh();
+  EXPECT_EQ(options.Editing(), EditingChoices{});
+  options.ClickBox(OptionBox::FastEditing, true);
+  EXPECT_TRUE(options.Editing().fastEditing);
+  EXPECT_FALSE(options.Editing().smartEditing);
+  options.ClickBox(OptionBox::SmartEditing, true);
+  options.ClickBox(OptionBox::IncludeHotkeys, false);
+  const EditingChoices restored = Fresh().Editing();
+  EXPECT_TRUE(restored.fastEditing);
+  EXPECT_TRUE(restored.smartEditing);
+  EXPECT_FALSE(restored.includeHotkeys);
+}
+
 TEST_F(MainWindowOptionsTest, OneApplicationClearsInstantTypingAndStopsGlobalTypingFirst) {
   MainWindowOptions options = Fresh();
   options.ClickBox(OptionBox::InstantTyping, true);

@@ -26,9 +26,16 @@ class FakeClock final : public Clock {
   std::uint32_t now = 100000;
 };
 
-// Writes what the engine was given as a string: characters as themselves, a reset as '|'.
+// Writes what the engine was given as a string: characters as themselves, a reset as '|', a
+// Backspace as '<' followed by '*' when it erases a whole letter and '+' when it keeps the
+// composition.
 class RecordingEngine final : public translit::TypingEngine {
  public:
+  void Backspace(bool wholeLetter, bool keepComposition) override {
+    log += u'<';
+    if (wholeLetter) log += u'*';
+    if (keepComposition) log += u'+';
+  }
   void ProcessKey(char16_t key) override {
     if (throwOnKey) throw std::runtime_error("engine failure");
     log += key;

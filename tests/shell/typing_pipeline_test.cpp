@@ -64,6 +64,12 @@ class TypingPipeline : public ::testing::Test {
     }
   }
 
+  // A Backspace the hook lets through erases one character in the application.
+  void PressBackspace() {
+    if (!pipeline.HandleGlobal({kWmKeyDown, kVkBack, 0, clock.now}).swallow) submitter.screen.screen.pop_back();
+    pipeline.HandleGlobal({kWmKeyUp, kVkBack, kFlagUp, clock.now});
+  }
+
   ReenteringSubmitter submitter;
   TypingOutput output{submitter};
   translit::Engine engine{output};
@@ -93,6 +99,31 @@ TEST_F(TypingPipeline, ClickInTheMiddleOfAWordStartsAfresh) {
   Type(u"a", 150);
   // Without the break, "kaa" would erase the "கா" it thinks is still before the caret.
   EXPECT_EQ(submitter.screen.screen, u"கஅ");
+}
+
+TEST_F(TypingPipeline, EditingChoicesDecideWhatACorrectionGives) {
+  const struct {
+    bool smart, fast;
+    std::u16string_view screen;
+  } rows[] = {
+      {false, false, u"கஇ பணடி"},  // the composition ended: the vowel starts a new letter
+      {true, false, u"கி பணடி"},   // the syllable re-forms
+      {false, true, u"இ படி"},     // the whole letter went; the next key starts afresh
+      {true, true, u"இ படி"},      // two whole letters erased
+  };
+  for (const auto& row : rows) {
+    state.editing.smartEditing = row.smart;
+    state.editing.fastEditing = row.fast;
+    submitter.screen.screen.clear();
+    engine.Reset();
+    Type(u"kaa", 10);
+    PressBackspace();
+    Type(u"i paNam", 10);
+    PressBackspace();
+    PressBackspace();
+    Type(u"di", 10);
+    EXPECT_EQ(submitter.screen.screen, row.screen) << row.smart << row.fast;
+  }
 }
 
 }  // namespace

@@ -131,6 +131,8 @@ void BelovedOska::FillHotkeyList() {
 
 void BelovedOska::ShowOptions() {
   const MainOptions& options = options_->Options();
+  // The boxes shown are the choices the hooks follow.
+  front_.State().editing = options_->Editing();
   options_->SetIgnoreMarker(true);
   SetCheck(allApplications_, options.FocusedMode == kTypingInAllApplications);
   SetCheck(oneApplication_, options.FocusedMode == kFocusedOnOneApplication);

@@ -57,16 +57,16 @@ void BelovedOska::OnOptionClick(int id, int code) {
       ApplyEffects(options_->ClickBox(OptionBox::InstantTyping, IsChecked(instantTyping_)));
       break;
     case kFastEditingId:
-      options_->ClickBox(OptionBox::FastEditing, IsChecked(fastEditing_));
+      ApplyEffects(options_->ClickBox(OptionBox::FastEditing, IsChecked(fastEditing_)));
       break;
     case kSmartEditingId:
-      options_->ClickBox(OptionBox::SmartEditing, IsChecked(smartEditing_));
+      ApplyEffects(options_->ClickBox(OptionBox::SmartEditing, IsChecked(smartEditing_)));
       break;
     case kCopyPasteEditingId:
-      options_->ClickBox(OptionBox::CopyPasteEditing, IsChecked(copyPasteEditing_));
+      ApplyEffects(options_->ClickBox(OptionBox::CopyPasteEditing, IsChecked(copyPasteEditing_)));
       break;
     case kIncludeHotkeysId:
-      options_->ClickBox(OptionBox::IncludeHotkeys, IsChecked(includeHotkeys_));
+      ApplyEffects(options_->ClickBox(OptionBox::IncludeHotkeys, IsChecked(includeHotkeys_)));
       break;
     case kUseKeymapId:
       SelectListedKeymap();
