@@ -190,7 +190,11 @@ HookDecision HookPipeline::DecideFocal(const KeyEvent& event) {
   if (IsKeyDownMessage(event.message)) {
     // With typing off a digit after the pause must reach the application, not choose a keymap.
     if (!state_.hotkeys.IsHotkey(vk)) processor_.EndPausedHotkeyNumber();
-    if (!ChordHeld() && keyClass != KeyClass::LetterSpace) {
+    if (ChordHeld() && state_.hotkeys.IsSecondary(vk) && state_.hotkeys.IsHotkey(state_.keys.LastKey)) {
+      // The hotkey as one chord, as in the global hook: its key completes the hotkey.
+      decision.Add(0, vk);
+      decision.swallow = true;
+    } else if (!ChordHeld() && keyClass != KeyClass::LetterSpace) {
       const bool digit = keyClass == KeyClass::Digit || keyClass == KeyClass::NumpadDigit;
       if (digit && state_.HotkeyArmed && !ShiftHeld()) {
         decision.Add(0, vk);

@@ -100,7 +100,9 @@ void Engine::BackspaceUnchecked(bool wholeLetter, bool keepComposition) {
   typedText_.pop_back();
   if (erase > 1) Send(static_cast<int>(erase) - 1, u"");
   if (!keepComposition) {
-    Reset();
+    // The next key starts a letter of its own, but the record stays: a further Backspace still
+    // knows the letters before the caret.
+    ClearBuffer();
     return;
   }
   const int keep = withinKeys ? KeysShowing(scratch_) : -1;

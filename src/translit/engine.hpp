@@ -82,7 +82,7 @@ class Engine final : public TypingEngine {
   // a bare consonant left after its vowel sign was erased waits for a vowel again, so "kaa",
   // Backspace, "i" gives the consonant with the i sign. When the erase reaches back beyond the
   // buffered keys, the letter now before the caret is taken up again through the shortest key
-  // that types it. Without `keepComposition` the composition ends.
+  // that types it. Without `keepComposition` the next key starts a letter of its own.
   void Backspace(bool wholeLetter, bool keepComposition) override;
 
   // Everything the engine has typed since the last Reset, as the application shows it (the

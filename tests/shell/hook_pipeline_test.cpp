@@ -101,6 +101,16 @@ TEST_F(HookPipelineTest, WithAnEditingChoiceBackspaceReachesBothTheApplicationAn
   }
 }
 
+TEST_F(HookPipelineTest, FocalHookTakesTheHotkeyKeyPressedWithItsModifier) {
+  pipeline.HandleFocal(Down(kPrimary));  // the processor remembers the modifier
+  Hold({kVkControl});
+  const HookDecision completed = pipeline.DecideFocal(Down(kSecondary));
+  EXPECT_EQ(CallsOf(completed), (std::vector<HookedKeyCall>{{0, kSecondary}}));
+  EXPECT_TRUE(completed.swallow);
+  state.keys.LastKey = kResetSignal;
+  EXPECT_FALSE(pipeline.DecideFocal(Down(kSecondary)).swallow) << "Ctrl+F12 without the hotkey is the application's";
+}
+
 TEST_F(HookPipelineTest, KeyUpGetsItsKeyDownsVerdict) {
   EXPECT_TRUE(pipeline.DecideGlobal(Down('K')).swallow);
   const HookDecision up = pipeline.DecideGlobal(Up('K'));

@@ -66,6 +66,11 @@ TEST_F(EngineBackspaceTest, WithoutSmartEditingBackspaceEndsTheComposition) {
   EXPECT_EQ(engine_.TypedLength(), 1);
 }
 
+TEST_F(EngineBackspaceTest, FastEditingAloneStillErasesWholeLettersButJoinsNothing) {
+  EXPECT_EQ(Type(u"vaNakkam<<<", true, false), u"வண");
+  EXPECT_EQ(Type(u"a", true, false), u"வணஅ");
+}
+
 TEST_F(EngineBackspaceTest, FastBackspaceErasesTheWholeLetter) {
   const Case cases[] = {
       {u"kaa<", u""},      // consonant and vowel sign go together
