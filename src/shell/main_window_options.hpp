@@ -26,7 +26,9 @@
 //   ends the composition, with "Smart Editing" the next key joins the letter now before the caret.
 // - "Include Hotkeys" off: the completed hotkey alone does what hotkey and 1 would (typing on in
 //   the first keymap, or off); the digits after it are text.
-// - "CopyPaste Editing" is stored and restored; the output does not read it yet.
+// - "CopyPaste Editing": each edit's text is pasted through the clipboard (Backspaces first,
+//   then Ctrl+V) instead of typed as Unicode presses, for applications that refuse those; the
+//   user's clipboard text is given back once the application has read ours.
 namespace quilom::shell {
 
 inline constexpr std::u16string_view kGlobalTypingKey = u"Global Typing";

@@ -20,6 +20,21 @@ std::array<KeyInputRecord, 2> UnicodeCharInputs(char16_t codeUnit) {
           KeyInputRecord{0, codeUnit, kKeyEventUnicode | kKeyEventKeyUp}};
 }
 
+const std::array<KeyInputRecord, 4>& PasteInputs() {
+  static const std::array<KeyInputRecord, 4> table = {KeyInputRecord{kVkControlKey, 0, 0}, KeyInputRecord{kVkV, 0, 0},
+                                                      KeyInputRecord{kVkV, 0, kKeyEventKeyUp},
+                                                      KeyInputRecord{kVkControlKey, 0, kKeyEventKeyUp}};
+  return table;
+}
+
+void PlanPaste(int eraseCount, std::u16string_view text, std::vector<InputBatch>& plan) {
+  PlanReplacement(eraseCount, {}, plan);
+  if (text.empty()) return;
+  plan.push_back({InputTable::ClipboardHold, 0, 0, 0});
+  plan.push_back({InputTable::PasteKeys, 0, 4, 0});
+  plan.push_back({InputTable::ClipboardGiveBack, 0, 0, 0});
+}
+
 void PlanReplacement(int eraseCount, std::u16string_view text, std::vector<InputBatch>& plan) {
   plan.clear();
   // Two records per press; the last `records` slots of the table start with a down record.

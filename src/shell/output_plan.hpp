@@ -32,7 +32,15 @@ const std::array<KeyInputRecord, kBackspaceSlots>& BackspaceInputs();
 // The down and up record of one Unicode key press; the code unit goes into `scan`.
 std::array<KeyInputRecord, 2> UnicodeCharInputs(char16_t codeUnit);
 
-enum class InputTable : std::uint8_t { Backspace, UnicodeChar };
+// A pasted edit: the Backspaces, then the user's clipboard is kept aside and the text put in
+// its place (ClipboardHold), Ctrl+V is pressed (PasteKeys) and the user's contents are given
+// back (ClipboardGiveBack) once the application has had the time to read the text.
+enum class InputTable : std::uint8_t { Backspace, UnicodeChar, ClipboardHold, PasteKeys, ClipboardGiveBack };
+
+inline constexpr std::uint16_t kVkControlKey = 0x11;
+inline constexpr std::uint16_t kVkV = 'V';
+// Ctrl down, V down, V up, Ctrl up.
+const std::array<KeyInputRecord, 4>& PasteInputs();
 
 struct InputBatch {
   InputTable table = InputTable::Backspace;
@@ -48,12 +56,16 @@ struct InputBatch {
 // presses, each surrogate on its own, which is how the receiving window expects it. `plan`'s
 // capacity is reused, so a warm plan costs no allocation.
 void PlanReplacement(int eraseCount, std::u16string_view text, std::vector<InputBatch>& plan);
+// The same edit with the text pasted through the clipboard (an application that refuses Unicode
+// key presses still takes Ctrl+V). An edit without text is only Backspaces.
+void PlanPaste(int eraseCount, std::u16string_view text, std::vector<InputBatch>& plan);
 
 // Carries out a plan: SendInput per batch in Windows, a recorder in tests.
 class InputSubmitter {
  public:
   virtual ~InputSubmitter() = default;
-  virtual void Submit(std::span<const InputBatch> plan) noexcept = 0;
+  // `text` is what a ClipboardHold batch puts on the clipboard.
+  virtual void Submit(std::span<const InputBatch> plan, std::u16string_view text) noexcept = 0;
 };
 
 }  // namespace quilom::shell

@@ -11,8 +11,11 @@ TypingOutput::TypingOutput(InputSubmitter& submitter) : submitter_(submitter) { 
 
 void TypingOutput::Emit(int eraseCount, std::u16string_view text) {
   if (ownEditor_ == nullptr || !typeIntoOwnEditor_) {
-    PlanReplacement(eraseCount, text, plan_);
-    submitter_.Submit(plan_);
+    if (paste_)
+      PlanPaste(eraseCount, text, plan_);
+    else
+      PlanReplacement(eraseCount, text, plan_);
+    submitter_.Submit(plan_, text);
     if (!text.empty()) lastSentCodeUnit_ = text.back();
     return;
   }

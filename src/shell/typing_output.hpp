@@ -19,6 +19,8 @@ class TypingOutput final : public translit::OutputSink {
   void SetOwnEditor(EditorBox* editor) { ownEditor_ = editor; }
   void SetTypeIntoOwnEditor(bool on) { typeIntoOwnEditor_ = on; }
   void SetCaretSnapsToClusters(bool snaps) { caretSnapsToClusters_ = snaps; }
+  // "CopyPaste Editing": text goes through the clipboard and Ctrl+V instead of Unicode presses.
+  void SetPasteThroughClipboard(bool on) { paste_ = on; }
   bool CaretSnapsToClusters() const { return caretSnapsToClusters_; }
 
   char16_t LastSentCodeUnit() const { return lastSentCodeUnit_; }
@@ -33,6 +35,7 @@ class TypingOutput final : public translit::OutputSink {
   EditorBox* ownEditor_ = nullptr;
   bool typeIntoOwnEditor_ = false;
   bool caretSnapsToClusters_ = false;
+  bool paste_ = false;
   char16_t lastSentCodeUnit_ = 0;
 };
 

@@ -127,5 +127,33 @@ TEST(OwnEditor, TypingOutputUsesTheBoxOnlyWhenAskedAndReportsFailures) {
   EXPECT_TRUE(reports->HasTag(u"PTevMsgH - "));
 }
 
+TEST(OutputPlan, PasteErasesFirstThenHoldsPastesAndGivesTheClipboardBack) {
+  std::vector<InputBatch> plan;
+  PlanPaste(2, u"கி", plan);
+  const std::vector<InputBatch> expected = {{InputTable::Backspace, 26, 4, 0},
+                                            {InputTable::ClipboardHold, 0, 0, 0},
+                                            {InputTable::PasteKeys, 0, 4, 0},
+                                            {InputTable::ClipboardGiveBack, 0, 0, 0}};
+  EXPECT_EQ(plan, expected);
+  PlanPaste(1, u"", plan);
+  EXPECT_EQ(plan, (std::vector<InputBatch>{{InputTable::Backspace, 28, 2, 0}}))
+      << "nothing to paste, clipboard untouched";
+  const auto& keys = PasteInputs();
+  EXPECT_EQ(keys[0], (KeyInputRecord{kVkControlKey, 0, 0}));
+  EXPECT_EQ(keys[1], (KeyInputRecord{kVkV, 0, 0}));
+  EXPECT_EQ(keys[3], (KeyInputRecord{kVkControlKey, 0, kKeyEventKeyUp}));
+}
+
+TEST(OutputPlan, PastedTypingKeepsTheUsersClipboard) {
+  testing::RecordingSubmitter screen;
+  screen.clipboard = u"the user's";
+  TypingOutput output(screen);
+  output.SetPasteThroughClipboard(true);
+  output.OutputReplacement(0, u"க்");
+  output.OutputReplacement(1, u"ா");
+  EXPECT_EQ(screen.screen, u"கா");
+  EXPECT_EQ(screen.clipboard, u"the user's");
+}
+
 }  // namespace
 }  // namespace quilom::shell

@@ -46,10 +46,11 @@ class RecordingEngine final : public translit::TypingEngine {
 };
 
 // Plays a plan back the way a text box would take it: Backspaces erase one code unit each
-// (counted on key-down records only), Unicode presses type on key-down.
+// (counted on key-down records only), Unicode presses type on key-down, Ctrl+V pastes what the
+// clipboard holds at that moment.
 class RecordingSubmitter final : public InputSubmitter {
  public:
-  void Submit(std::span<const InputBatch> plan) noexcept override {
+  void Submit(std::span<const InputBatch> plan, std::u16string_view text) noexcept override {
     ++submitCount;
     for (const InputBatch& batch : plan) {
       batches.push_back(batch);
@@ -58,12 +59,21 @@ class RecordingSubmitter final : public InputSubmitter {
           const KeyInputRecord& record = BackspaceInputs().at(static_cast<std::size_t>(slot));
           if ((record.flags & kKeyEventKeyUp) == 0 && !screen.empty()) screen.pop_back();
         }
+      } else if (batch.table == InputTable::ClipboardHold) {
+        kept = clipboard;
+        clipboard = text;
+      } else if (batch.table == InputTable::PasteKeys) {
+        screen += clipboard;
+      } else if (batch.table == InputTable::ClipboardGiveBack) {
+        clipboard = kept;
       } else {
         screen += batch.codeUnit;
       }
     }
   }
   std::u16string screen;
+  std::u16string clipboard;
+  std::u16string kept;
   std::vector<InputBatch> batches;
   int submitCount = 0;
 };

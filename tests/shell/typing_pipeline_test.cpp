@@ -23,8 +23,8 @@ using testing::RecordingSubmitter;
 // nested, before SendInput returns. The hook must let all of it through and change nothing.
 class ReenteringSubmitter final : public InputSubmitter {
  public:
-  void Submit(std::span<const InputBatch> plan) noexcept override {
-    screen.Submit(plan);
+  void Submit(std::span<const InputBatch> plan, std::u16string_view text) noexcept override {
+    screen.Submit(plan, text);
     for (const InputBatch& batch : plan) {
       const std::uint32_t vk = batch.table == InputTable::Backspace ? kVkBack : 0xE7;
       for (const std::uint32_t message : {kWmKeyDown, kWmKeyUp}) {

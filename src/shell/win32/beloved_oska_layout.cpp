@@ -133,6 +133,7 @@ void BelovedOska::ShowOptions() {
   const MainOptions& options = options_->Options();
   // The boxes shown are the choices the hooks follow.
   front_.State().editing = options_->Editing();
+  output_.SetPasteThroughClipboard(options.copyPasteEditing);
   options_->SetIgnoreMarker(true);
   SetCheck(allApplications_, options.FocusedMode == kTypingInAllApplications);
   SetCheck(oneApplication_, options.FocusedMode == kFocusedOnOneApplication);

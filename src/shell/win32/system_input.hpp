@@ -28,11 +28,12 @@ inline constexpr ULONG_PTR kOwnInputMark = 0x51504C53;
 class SendInputSubmitter final : public InputSubmitter {
  public:
   SendInputSubmitter();
-  void Submit(std::span<const InputBatch> plan) noexcept override;
+  void Submit(std::span<const InputBatch> plan, std::u16string_view text) noexcept override;
 
  private:
   std::array<INPUT, kBackspaceSlots> backspaceInputs_{};
   std::array<INPUT, 2> unicodeCharInputs_{};
+  std::array<INPUT, 4> pasteInputs_{};
 };
 
 // A second press of Alt or a Windows key, so that a hotkey made of one of them does not open
