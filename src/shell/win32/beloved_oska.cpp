@@ -278,8 +278,6 @@ void BelovedOska::WriteStateFile() const {
   GetWindowTextW(startStop_, caption, 64);
   RECT toolsItem{};
   GetMenuItemRect(window_, GetMenu(window_), 1, &toolsItem);
-  RECT typingItem{};
-  GetMenuItemRect(window_, GetMenu(window_), 0, &typingItem);
   RECT trayRect{};
   const bool trayShown = tray_ && tray_->Shown();
   const MainOptions& options = options_->Options();
@@ -298,7 +296,6 @@ void BelovedOska::WriteStateFile() const {
          << "guidebutton=" << CentreOf(window_, gettingStartedButton_) << "\n"
          << "allapps=" << CentreOf(window_, allApplications_) << "\n"
          << "toolsmenu=" << FromCorner(window_, toolsItem) << "\n"
-         << "typingmenu=" << FromCorner(window_, typingItem) << "\n"
          << "reinstalls=" << front_.Health().ReinstallCount() << "\n"
          << "slowest=" << front_.Health().SlowestCallbackMs() << "\n"
          << "keymap=" << text::Utf16ToUtf8(selector_.State().ActiveKeymap) << "\n"
