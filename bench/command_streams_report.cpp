@@ -90,6 +90,14 @@ int main(int argc, char** argv) {
          size(tscii));
   Report("convert Tscii -> Bamini", Run({quilom, "convert", "--from", "Tscii", "--to", "Bamini"}, tscii, "/dev/null"),
          size(tscii));
+  const fs::path urls = folder / "urls.txt";
+  {
+    std::ofstream out(urls, std::ios::binary);
+    for (std::size_t written = 0; written < megabytes * 1000 * 1000; written += 76) {
+      out << "https://ta.wikipedia.org/wiki/%E0%AE%A4%E0%AE%AE%E0%AE%BF%E0%AE%B4%E0%AF%8D\n";
+    }
+  }
+  Report("urlnorm", Run({quilom, "urlnorm"}, urls, "/dev/null"), size(urls));
   Report("detect (reads its beginning)", Run({quilom, "detect"}, tscii, "/dev/null"), size(tscii));
   fs::remove_all(folder);
   return 0;

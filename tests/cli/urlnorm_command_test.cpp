@@ -37,6 +37,19 @@ TEST(UrlNormCommand, DecodesAnArgumentOrStandardInput) {
   EXPECT_EQ(UrlNorm({"-"}, "%41").out, "A");
 }
 
+// A long text on standard input is normalised a block of lines at a time, with the result the
+// whole text gives; blank lines in front stay.
+TEST(UrlNormCommand, LongTextsNormaliseAsOne) {
+  std::string input = "\n \n", expected = "\n \n";
+  for (int line = 0; line < 40000; ++line) {
+    input += std::string("https://x.example/") + kEncodedTamil + "?n=" + std::to_string(line) + "\n";
+    expected += "https://x.example/தமிழ்?n=" + std::to_string(line) + "\n";
+  }
+  const UrlNormRun run = UrlNorm({}, input);
+  EXPECT_EQ(run.status, 0) << run.err;
+  EXPECT_TRUE(run.out == expected) << run.out.size() << " bytes, expected " << expected.size();
+}
+
 TEST(UrlNormCommand, AddressOptionPrintsOnlyWhatWouldBeOpened) {
   const UrlNormRun address = UrlNorm({"--address", std::string("see https://x.example/") + kEncodedTamil + " now"});
   EXPECT_EQ(address.status, 0) << address.err;
