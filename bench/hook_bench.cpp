@@ -31,7 +31,9 @@ class SteppingClock final : public shell::Clock {
 
 class CountingSubmitter final : public shell::InputSubmitter {
  public:
-  void Submit(std::span<const shell::InputBatch> plan) noexcept override { batches += plan.size(); }
+  void Submit(std::span<const shell::InputBatch> plan, std::u16string_view) noexcept override {
+    batches += plan.size();
+  }
   std::size_t batches = 0;
 };
 
