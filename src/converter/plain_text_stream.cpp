@@ -59,13 +59,7 @@ std::optional<std::u16string> PlainTextStream::RunStep(const PlainTextStep& step
   std::u16string converted = editor.Text();
   if (!guard) return converted;
   converted = guard->FinishWritten(converted, source);
-  const UnmappableFindings& found = guard->Findings();
-  if (found.first) {
-    UnmappableCharacter first = *found.first;
-    first.line += linesDone_;
-    findings_.Add(first);
-  }
-  findings_.count += found.count - (found.first ? 1 : 0);
+  findings_.Merge(guard->Findings(), linesDone_);
   return converted;
 }
 

@@ -58,6 +58,15 @@ void UnmappableFindings::Add(const UnmappableCharacter& found) {
   }
 }
 
+void UnmappableFindings::Merge(const UnmappableFindings& other, std::size_t linesBefore) {
+  if (other.first) {
+    UnmappableCharacter first = *other.first;
+    first.line += linesBefore;
+    Add(first);
+  }
+  count += other.count - (other.first ? 1 : 0);
+}
+
 LegacyRepertoire::LegacyRepertoire(const std::vector<TablePair>& reading, const std::vector<TablePair>& writing,
                                    bool storedAsBytes)
     : glyphCodes_(kCodeUnits), writtenAlone_(kCodeUnits), storedAsBytes_(storedAsBytes) {

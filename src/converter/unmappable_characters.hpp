@@ -42,6 +42,8 @@ struct UnmappableFindings {
   std::optional<UnmappableCharacter> first;  // the earliest in the text
 
   void Add(const UnmappableCharacter& found);
+  // Takes in what another part of the text held; its lines start after `linesBefore` lines.
+  void Merge(const UnmappableFindings& other, std::size_t linesBefore = 0);
 };
 
 // What one legacy encoding can hold, read off its tables.
