@@ -633,16 +633,19 @@ int ConvertDocument(CommandContext& ctx, const EncodingList& list, const Options
 }
 
 // A missing folder for the output is a mistyped path more often than a wish: it is made only
-// when asked for (--parents).
-bool PrepareOutputFolder(CommandContext& ctx, const std::string& output, bool makeParents) {
-  if (output.empty() || output == "-") return true;
-  const std::filesystem::path folder = std::filesystem::u8path(output).parent_path();
+// when asked for (--parents). For one output file this is the file's folder; for a batch, the
+// output folder itself.
+bool PrepareOutputFolder(CommandContext& ctx, const std::filesystem::path& folder, bool makeParents) {
   std::error_code ec;
   if (folder.empty() || std::filesystem::is_directory(folder, ec)) return true;
   if (makeParents && std::filesystem::create_directories(folder, ec)) return true;
-  ctx.err << "quilom convert: the output's folder '" << folder.string() << "' "
+  ctx.err << "quilom convert: the output folder '" << folder.string() << "' "
           << (makeParents ? "cannot be made: " + ec.message() : "does not exist (--parents makes it)") << "\n";
   return false;
+}
+
+std::filesystem::path FolderOfOutputFile(const std::string& output) {
+  return output.empty() || output == "-" ? std::filesystem::path() : std::filesystem::u8path(output).parent_path();
 }
 
 std::string Usage() {
@@ -875,17 +878,17 @@ std::string FirstLine(const std::string& text) {
 }
 
 int ConvertBatch(CommandContext& ctx, const EncodingList& list, const Options& options,
-                 const std::vector<std::string>& inputs, const std::string& outputFolder, const std::string& patterns) {
+                 const std::vector<std::string>& inputs, const std::string& outputFolder, const std::string& patterns,
+                 bool makeParents) {
   if (outputFolder.empty() || outputFolder == "-") {
     ctx.err << "quilom convert: several documents or a folder need an output folder: -o FOLDER\n";
     return kExitUsage;
   }
   const std::filesystem::path out = std::filesystem::u8path(outputFolder);
-  std::error_code ec;
-  if (!std::filesystem::is_directory(out, ec)) {
-    ctx.err << "quilom convert: the output folder '" << outputFolder << "' does not exist (--parents makes it)\n";
+  if (!PrepareOutputFolder(ctx, out, makeParents)) {
     return kExitUsage;
   }
+  std::error_code ec;
   const std::vector<BatchFile> files = CollectBatch(inputs, patterns);
   if (files.empty()) {
     ctx.err << "quilom convert: no file matches " << patterns << " in the folders given\n";
@@ -970,17 +973,14 @@ int RunConvert(CommandContext& ctx) {
   const std::vector<std::string> inputs = parsed.positional.empty() ? std::vector<std::string>{""} : parsed.positional;
   const std::string& input = inputs.front();
   const std::string output = parsed.values.count("--output") ? parsed.values.at("--output") : "";
+  const bool makeParents = parsed.flags.count("--parents") > 0;
   if (IsBatch(inputs)) {
-    if (parsed.flags.count("--parents") && !output.empty()) {
-      std::error_code ec;
-      std::filesystem::create_directories(std::filesystem::u8path(output), ec);
-    }
     const auto pattern = parsed.values.find("--pattern");
     return ConvertBatch(ctx, list, *options, inputs, output,
-                        pattern == parsed.values.end() ? kDefaultPatterns : pattern->second);
+                        pattern == parsed.values.end() ? kDefaultPatterns : pattern->second, makeParents);
   }
   if (RefuseOutputOverInput(ctx, output, inputs, kName) ||
-      !PrepareOutputFolder(ctx, output, parsed.flags.count("--parents") > 0)) {
+      !PrepareOutputFolder(ctx, FolderOfOutputFile(output), makeParents)) {
     return kExitUsage;
   }
   const std::string extension = input.empty() ? "" : DocumentExtension(std::filesystem::u8path(input));
