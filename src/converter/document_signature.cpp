@@ -4,16 +4,17 @@
 #include <cstring>
 #include <fstream>
 
+#include "text/text_input.hpp"
+
 namespace quilom::converter {
 namespace {
 
 constexpr std::string_view kZip = "PK\x03\x04";
 constexpr std::string_view kCompoundFile = "\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1";
 constexpr std::string_view kRtf = "{\\rtf";
-constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
 
 bool OpensMarkup(std::string_view bytes) {
-  if (bytes.starts_with(kUtf8Mark)) bytes.remove_prefix(kUtf8Mark.size());
+  if (text::FormByMark(bytes) == text::TextForm::Utf8WithMark) bytes.remove_prefix(text::ByteOrderMarkLength(bytes));
   const std::size_t first = bytes.find_first_not_of(" \t\r\n");
   return first != std::string_view::npos && bytes[first] == '<';
 }

@@ -7,6 +7,7 @@
 #include "converter/encoding_list.hpp"
 #include "converter/english_likeness.hpp"
 #include "converter/legacy_bytes.hpp"
+#include "text/text_input.hpp"
 
 namespace quilom::converter {
 namespace {
@@ -321,7 +322,7 @@ std::u16string EncodingDetector::ReadBestDecoding(std::string_view bytes, std::s
                                                   std::vector<EncodingGuess>& guesses) const {
   std::u16string text = DecodeTextFileBytes(bytes);
   guesses = Rank(text, sampleLimit);
-  if (bytes.starts_with("\xEF\xBB\xBF") || guesses.empty()) return text;
+  if (text::FormByMark(bytes) == text::TextForm::Utf8WithMark || guesses.empty()) return text;
   std::u16string glyphCodes = LegacyBytesToText(bytes);
   if (glyphCodes == text) return text;
   std::vector<EncodingGuess> asGlyphCodes = Rank(glyphCodes, sampleLimit);

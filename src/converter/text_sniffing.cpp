@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <string>
 
+#include "text/text_input.hpp"
 #include "text/utf.hpp"
 
 namespace quilom::converter {
@@ -20,7 +21,10 @@ bool IsControl(unsigned char byte) {
   return (byte < 0x20 && !IsBlank(byte) && byte != 0x0B && byte != 0x0C && byte != 0x1B) || byte == 0x7F;
 }
 
-bool HasUtf16Mark(std::string_view bytes) { return bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF"); }
+bool HasUtf16Mark(std::string_view bytes) {
+  const std::optional<text::TextForm> form = text::FormByMark(bytes);
+  return form == text::TextForm::Utf16Le || form == text::TextForm::Utf16Be;
+}
 
 // UTF-16 of text whose characters lie below U+0100 (blanks, digits, punctuation, Latin letters)
 // puts a NUL in every other byte, and only there: one half of the offsets holds NULs (Tamil
@@ -93,7 +97,7 @@ std::optional<TextKind> SniffBytes(std::string_view bytes) {
   bytes = Sample(bytes);
   if (HasUtf16Mark(bytes) || HasUtf16NulPattern(bytes)) return TextKind::Utf16;
   if (LooksBinary(bytes)) return TextKind::Binary;
-  if (bytes.starts_with("\xEF\xBB\xBF")) bytes.remove_prefix(3);
+  bytes.remove_prefix(text::ByteOrderMarkLength(bytes));  // only a UTF-8 mark is left by now
   if (std::all_of(bytes.begin(), bytes.end(), [](char byte) { return IsBlank(static_cast<unsigned char>(byte)); })) {
     return TextKind::Empty;
   }

@@ -32,14 +32,8 @@ void TextInputDecoder::NoteDamage(std::size_t offset) {
 
 void TextInputDecoder::DecideForm(std::string_view& bytes) {
   formKnown_ = true;
-  std::size_t mark = 0;
-  if (bytes.starts_with(kUtf8Mark)) {
-    form_ = TextForm::Utf8WithMark, mark = kUtf8Mark.size();
-  } else if (bytes.starts_with(kUtf16LeMark)) {
-    form_ = TextForm::Utf16Le, mark = kUtf16LeMark.size();
-  } else if (bytes.starts_with(kUtf16BeMark)) {
-    form_ = TextForm::Utf16Be, mark = kUtf16BeMark.size();
-  }
+  form_ = FormByMark(bytes).value_or(TextForm::Utf8);
+  const std::size_t mark = ByteOrderMarkLength(bytes);
   bytes.remove_prefix(mark);
   offset_ += mark;
 }
@@ -109,9 +103,20 @@ DecodedText DecodeTextInput(std::string_view bytes) {
   return decoded;
 }
 
-bool StartsWithByteOrderMark(std::string_view bytes) {
-  return bytes.starts_with(kUtf8Mark) || bytes.starts_with(kUtf16LeMark) || bytes.starts_with(kUtf16BeMark);
+std::optional<TextForm> FormByMark(std::string_view bytes) {
+  if (bytes.starts_with(kUtf8Mark)) return TextForm::Utf8WithMark;
+  if (bytes.starts_with(kUtf16LeMark)) return TextForm::Utf16Le;
+  if (bytes.starts_with(kUtf16BeMark)) return TextForm::Utf16Be;
+  return std::nullopt;
 }
+
+std::size_t ByteOrderMarkLength(std::string_view bytes) {
+  const std::optional<TextForm> form = FormByMark(bytes);
+  if (!form) return 0;
+  return *form == TextForm::Utf8WithMark ? kUtf8Mark.size() : kUtf16LeMark.size();
+}
+
+bool StartsWithByteOrderMark(std::string_view bytes) { return FormByMark(bytes).has_value(); }
 
 std::string_view TextFormName(TextForm form) {
   switch (form) {

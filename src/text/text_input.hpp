@@ -50,6 +50,12 @@ struct DecodedText {
 // The whole input at once.
 DecodedText DecodeTextInput(std::string_view bytes);
 
+// The form the bytes' opening mark names, or nothing when they open with none.
+std::optional<TextForm> FormByMark(std::string_view bytes);
+
+// The bytes of the opening mark of UTF-8 or UTF-16 (0 when there is none).
+std::size_t ByteOrderMarkLength(std::string_view bytes);
+
 // True when the bytes open with the mark of UTF-8 or UTF-16.
 bool StartsWithByteOrderMark(std::string_view bytes);
 
