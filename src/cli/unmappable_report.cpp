@@ -10,11 +10,7 @@ using converter::UnmappablePolicy;
 
 std::string Shown(char32_t ch) {
   std::u16string text;
-  if (ch >= 0x10000) {
-    text = {static_cast<char16_t>(0xD800 + ((ch - 0x10000) >> 10)), static_cast<char16_t>(0xDC00 + (ch & 0x3FF))};
-  } else {
-    text = {static_cast<char16_t>(ch)};
-  }
+  text::AppendUtf16(text, ch);
   const std::string name = converter::CodePointName(ch);
   return ch < 0x20 ? name : "\"" + text::Utf16ToUtf8(text) + "\" (" + name + ")";
 }

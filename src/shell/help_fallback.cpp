@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "text/strings.hpp"
+#include "text/utf.hpp"
 
 namespace quilom::shell {
 
@@ -39,16 +40,7 @@ bool OneOf(const std::array<std::u16string_view, N>& names, std::u16string_view 
   return false;
 }
 
-void AppendCodePoint(std::u16string& out, char32_t code) {
-  if (code == 0 || code > 0x10FFFF || (code >= 0xD800 && code <= 0xDFFF)) code = 0xFFFD;
-  if (code < 0x10000) {
-    out += static_cast<char16_t>(code);
-    return;
-  }
-  code -= 0x10000;
-  out += static_cast<char16_t>(0xD800 + (code >> 10));
-  out += static_cast<char16_t>(0xDC00 + (code & 0x3FF));
-}
+void AppendCodePoint(std::u16string& out, char32_t code) { text::AppendUtf16(out, code == 0 ? 0xFFFD : code); }
 
 std::optional<char32_t> NumberOf(std::u16string_view digits, int base) {
   if (digits.empty() || digits.size() > 8) return std::nullopt;

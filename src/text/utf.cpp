@@ -56,15 +56,20 @@ std::u16string Utf8ToUtf16(std::string_view utf8) {
   out.reserve(utf8.size());
   size_t pos = 0;
   while (pos < utf8.size()) {
-    const char32_t cp = DecodeOne(utf8, pos);
-    if (cp < 0x10000) {
-      out += static_cast<char16_t>(cp);
-    } else {
-      out += static_cast<char16_t>(0xD800 + ((cp - 0x10000) >> 10));
-      out += static_cast<char16_t>(0xDC00 + ((cp - 0x10000) & 0x3FF));
-    }
+    AppendUtf16(out, DecodeOne(utf8, pos));
   }
   return out;
+}
+
+void AppendUtf16(std::u16string& out, char32_t codePoint) {
+  if (codePoint > 0x10FFFF || (codePoint >= 0xD800 && codePoint <= 0xDFFF)) codePoint = kReplacement;
+  if (codePoint < 0x10000) {
+    out += static_cast<char16_t>(codePoint);
+    return;
+  }
+  codePoint -= 0x10000;
+  out += static_cast<char16_t>(0xD800 + (codePoint >> 10));
+  out += static_cast<char16_t>(0xDC00 + (codePoint & 0x3FF));
 }
 
 std::optional<std::size_t> FirstInvalidUtf8(std::string_view utf8) {

@@ -14,6 +14,10 @@ namespace quilom::text {
 // is silently dropped and the damage stays visible.
 std::u16string Utf8ToUtf16(std::string_view utf8);
 
+// Appends one character as UTF-16 (two units above U+FFFF); a value that is no character (a
+// surrogate, above U+10FFFF) is appended as U+FFFD.
+void AppendUtf16(std::u16string& out, char32_t codePoint);
+
 // The offset of the first byte of the first sequence that is not valid UTF-8 (as above), or
 // nothing when every byte is valid. A literal U+FFFD in the input is valid.
 std::optional<std::size_t> FirstInvalidUtf8(std::string_view utf8);
